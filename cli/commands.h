@@ -1,0 +1,16 @@
+// The sub-commands of kelda-cli, one file each.
+//
+// An Add function adds its sub-command with its options, help and example;
+// when the sub-command was chosen its callback runs it and sets `status`.
+
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+// What kelda-cli ends with.
+enum ExitStatus {
+  kDone = 0,
+  kNotCompleted = 1,  // refused, or not completed
+  kWrongUsage = 2,
+  kFileFailed = 3,  // a file cannot be read or written
+};

@@ -1,0 +1,11 @@
+# The Debian packages that Kelda needs; sourced by ./run and ./test.
+build_packages=(
+  g++ cmake ninja-build python3          # tools
+  libcli11-dev nlohmann-json3-dev        # command line
+  scowl                                  # word lists
+)
+test_packages=(
+  libgtest-dev librapidcheck-dev         # unit and property tests
+  libbenchmark-dev                       # benchmarks
+  clang-14 libclang-rt-14-dev            # fuzz targets
+)
