@@ -43,15 +43,16 @@ def faults_in_include(path, quote, name):
             yield f"all of <{name}> instead of single headers"
         return
     target = name.split("/")[0]
-    is_test = path.stem.endswith("_test")
-    if target == "tests" and not is_test and folder not in {"bench", "tests"}:
+    if path.stem.endswith("_test") or folder in {"bench", "tests"}:
+        return
+    if target == "tests":
         yield f'test header "{name}"'
     if target not in CORE or folder not in MAY_INCLUDE:
         return
     if target not in MAY_INCLUDE[folder]:
         yield f'"{name}" is not for {folder}/'
     only = ONLY_HEADER.get((folder, target))
-    if only and name != only and not is_test:
+    if only and name != only:
         yield f'"{name}": {folder}/ may only include "{only}"'
 
 
