@@ -1,0 +1,121 @@
+#include "autofill/chooser.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace autofill {
+
+constexpr int kCandidates = 256;
+
+Chooser::Chooser(const Store& store, uint64_t seed)
+    : store_(store),
+      random_(seed),
+      weights_(store.GetBoard().EntryCount(), 1.0),
+      kept_(store.GetBoard().EntryCount(), -1),
+      candidates_(kCandidates) {
+  noise_ = 0.5;
+}
+
+void Chooser::Bump(int entry) {
+  weights_[entry] += increment_;
+  if (weights_[entry] < 1e100) return;
+  for (double& weight : weights_) weight *= 1e-100;
+  increment_ *= 1e-100;
+}
+
+void Chooser::KeepWords() {
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    if (store_.Done(e)) kept_[e] = store_.WordOf(e);
+  }
+}
+
+void Chooser::Restart(int) {}
+
+bool Chooser::Fits(int entry, int word) const {
+  const LengthTable& table = store_.TableOf(entry);
+  const uint32_t* row = table.Row(word);
+  int first = store_.GetBoard().Entries()[entry].first;
+  for (int p = 0; p < table.length; ++p) {
+    if (!(row[p] & store_.LettersAt(first + p))) return false;
+  }
+  return store_.Has(entry, word);
+}
+
+bool Chooser::Next(Literal& literal) {
+  if (entry_ < 0 || store_.Done(entry_) || !Fits(entry_, word_)) {
+    entry_ = NextEntry();
+    if (entry_ < 0) return false;
+    word_ = kept_[entry_];
+    if (word_ < 0 || !Fits(entry_, word_)) word_ = BestWord(entry_);
+  }
+  int position = NextPosition(entry_, word_);
+  int offset = position - store_.GetBoard().Entries()[entry_].first;
+  literal = Literal::Has(store_.GetBoard().CellOf(position),
+                         store_.TableOf(entry_).Letters(word_)[offset]);
+  return true;
+}
+
+int Chooser::NextEntry() const {
+  int best = -1;
+  double bestValue = 0;
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    if (store_.Done(e)) continue;
+    double value = store_.SizeOf(e) / weights_[e];
+    if (best < 0 || value < bestValue) best = e, bestValue = value;
+  }
+  return best;
+}
+
+void Chooser::CountCrossings(int entry) {
+  const Board& board = store_.GetBoard();
+  int first = board.Entries()[entry].first;
+  for (int p = 0; p < board.Entries()[entry].length; ++p) {
+    int crossing = board.Crossing(first + p);
+    if (crossing < 0 || std::has_single_bit(store_.LettersAt(first + p))) {
+      std::fill_n(support_[p], kLetters, 0.0f);
+      continue;
+    }
+    int counts[kLetters];
+    store_.CountLetters(board.EntryOf(crossing), crossing, counts);
+    for (int letter = 0; letter < kLetters; ++letter) {
+      support_[p][letter] = std::log(static_cast<float>(counts[letter]) + 0.1f);
+    }
+  }
+}
+
+int Chooser::BestWord(int entry) {
+  int count = store_.CopyWords(entry, kCandidates, candidates_.data());
+  if (count == 1) return candidates_[0];
+  CountCrossings(entry);
+  const LengthTable& table = store_.TableOf(entry);
+  std::uniform_real_distribution<float> chance(0, 1);
+  int best = -1;
+  float bestValue = 0;
+  for (int i = 0; i < count; ++i) {
+    int word = candidates_[i];
+    const uint8_t* letters = table.Letters(word);
+    float value = 0.3f * table.scores[word] +
+                  static_cast<float>(noise_) * chance(random_);
+    for (int p = 0; p < table.length; ++p) value += support_[p][letters[p]];
+    if (best < 0 || value > bestValue) best = word, bestValue = value;
+  }
+  return best;
+}
+
+// The letter that leaves its crossing the fewest words.
+int Chooser::NextPosition(int entry, int word) const {
+  const Board& board = store_.GetBoard();
+  int first = board.Entries()[entry].first, best = -1;
+  int bestSize = 0;
+  (void)word;
+  for (int p = 0; p < board.Entries()[entry].length; ++p) {
+    if (std::has_single_bit(store_.LettersAt(first + p))) continue;
+    int crossing = board.Crossing(first + p);
+    int size = crossing < 0 ? 1 << 30
+                            : store_.SizeOf(board.EntryOf(crossing));
+    if (best < 0 || size < bestSize) best = first + p, bestSize = size;
+  }
+  return best;
+}
+
+}  // namespace autofill
