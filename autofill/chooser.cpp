@@ -1,6 +1,7 @@
 #include "autofill/chooser.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace autofill {
@@ -50,8 +51,8 @@ bool Chooser::Next(Literal& literal) {
   }
   int position = NextPosition(entry_, word_);
   int offset = position - store_.GetBoard().Entries()[entry_].first;
-  literal = Literal::Has(store_.GetBoard().CellOf(position),
-                         store_.TableOf(entry_).Letters(word_)[offset]);
+  literal = {store_.GetBoard().CellOf(position),
+             kAllLetters & ~store_.TableOf(entry_).Row(word_)[offset]};
   return true;
 }
 

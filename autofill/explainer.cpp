@@ -5,6 +5,8 @@
 
 namespace autofill {
 
+constexpr int kWordsToRead = 256;
+
 Explainer::Explainer(const Store& store) : store_(store) {
   size_t blocks = 0, words = kListSize;
   const Board& board = store.GetBoard();
@@ -23,16 +25,21 @@ void Explainer::Explain(const Question& question,
   table_ = &store_.TableOf(question.entry);
   first_ = store_.GetBoard().Entries()[question.entry].first;
   std::fill_n(killed_, table_->length, 0);
+  ++count;  
   FindFixed(question);
   Store::RootSet root = store_.RootOf(question.entry);
   if (root.list) {
     StartList(question);
-    AddFixed(literals);
   } else {
     StartBits(question);
-    AddFixed(literals);
   }
+  AddFixed();
   AddKillers(question, literals);
+  for (int p = 0; p < table_->length; ++p) {
+    if (killed_[p]) {
+      literals.push_back({store_.GetBoard().CellOf(first_ + p), killed_[p]});
+    }
+  }
 }
 
 // The cells that were fixed, oldest first: old reasons make long jumps.
@@ -81,32 +88,34 @@ void Explainer::StartList(const Question& question) {
   size_ = -1;
 }
 
-void Explainer::AddFixed(std::vector<Literal>& literals) {
-  const Board& board = store_.GetBoard();
-  for (const Fixed& fixed : fixed_) {
-    Literal literal =
-        Literal::Has(board.CellOf(first_ + fixed.offset), fixed.letter);
-    uint32_t bit = 1u << fixed.letter;
-    if (size_ < 0) {
-      auto end = std::remove_if(list_.begin(), list_.end(), [&](int word) {
-        return table_->Row(word)[fixed.offset] != bit;
-      });
-      if (end == list_.end()) continue;
-      list_.erase(end, list_.end());
-      literals.push_back(literal);
-      if (list_.empty()) return;
-      continue;
-    }
-    int size = Intersect(bits_.data(),
-                         table_->Support(fixed.offset, fixed.letter),
-                         table_->blocks, scratch_.data());
-    if (size == size_) continue;
-    literals.push_back(literal);
-    size_ = size;
+// Before the words are few, all letters that the fixed cell lacks count;
+// after that only those that the words have.
+void Explainer::AddFixed() {
+  size_t next = 0;
+  for (; next < fixed_.size() && size_ > kWordsToRead; ++next) {
+    const Fixed& fixed = fixed_[next];
+    int before = size_;
+    size_ = Intersect(bits_.data(),
+                      table_->Support(fixed.offset, fixed.letter),
+                      table_->blocks, scratch_.data());
     bits_.swap(scratch_);
-    if (!size) return;
+    if (size_ == before) continue;
+    killed_[fixed.offset] |= kAllLetters & ~(1u << fixed.letter);
   }
-  if (size_ < 0) return;
+  if (size_ > 0) ReadWords();
+  for (; next < fixed_.size() && !list_.empty(); ++next) {
+    const Fixed& fixed = fixed_[next];
+    uint32_t bit = 1u << fixed.letter, letters = 0;
+    for (int word : list_) letters |= table_->Row(word)[fixed.offset];
+    if (letters == bit) continue;
+    killed_[fixed.offset] |= letters & ~bit;
+    std::erase_if(list_, [&](int word) {
+      return table_->Row(word)[fixed.offset] != bit;
+    });
+  }
+}
+
+void Explainer::ReadWords() {
   for (int b = 0; b < table_->blocks; ++b) {
     for (uint64_t block = bits_[b]; block; block &= block - 1) {
       list_.push_back(b * 64 + std::countr_zero(block));
@@ -118,6 +127,7 @@ void Explainer::AddFixed(std::vector<Literal>& literals) {
 void Explainer::AddKillers(const Question& question,
                            std::vector<Literal>& literals) {
   const Board& board = store_.GetBoard();
+  left+=list_.size();
   for (int word : list_) {
     const uint32_t* row = table_->Row(word);
     int best = -1, event = question.event;
@@ -132,11 +142,9 @@ void Explainer::AddKillers(const Question& question,
     if (dead) continue;
     if (best < 0) {
       AddUse(question, word, literals);
-      continue;
+    } else {
+      killed_[best] |= row[best];
     }
-    killed_[best] |= row[best];
-    literals.push_back(Literal::Lost(board.CellOf(first_ + best),
-                                     std::countr_zero(row[best])));
   }
 }
 
@@ -173,8 +181,8 @@ void Explainer::AddUse(const Question& question, int word,
         }
         if (k < length || !FixedBefore(e, b, length, question.event)) continue;
         for (k = 0; k < length; ++k) {
-          literals.push_back(Literal::Has(
-              board.CellOf(other.first + b + k), text[a + k]));
+          literals.push_back({board.CellOf(other.first + b + k),
+                              kAllLetters & ~(1u << text[a + k])});
         }
         return;
       }

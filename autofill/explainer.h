@@ -28,20 +28,23 @@ class Explainer {
   explicit Explainer(const Store& store);
   void Explain(const Question& question, std::vector<Literal>& literals);
 
+  long count=0, left=0;
  private:
+  struct Fixed {
+    int event, offset, letter;
+  };
+
   void FindFixed(const Question& question);
+  void ReadWords();
   void StartBits(const Question& question);
   void StartList(const Question& question);
-  void AddFixed(std::vector<Literal>& literals);
+  void AddFixed();
   void AddKillers(const Question& question, std::vector<Literal>& literals);
   void AddUse(const Question& question, int word,
               std::vector<Literal>& literals);
   bool FixedBefore(int entry, int from, int length, int event) const;
 
   const Store& store_;
-  struct Fixed {
-    int event, offset, letter;
-  };
   std::vector<Fixed> fixed_;
   std::vector<uint64_t> bits_, scratch_;
   std::vector<int> list_;

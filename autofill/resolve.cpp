@@ -12,11 +12,8 @@ namespace autofill {
 bool Search::LearnAndJump() {
   ExplainConflict();
   if (!FindLevel()) return false;
-  learnt_.clear();
   for (Literal literal : literals_) Mark(literal);
-  Literal denied = ResolveEvents();
-  Shorten();
-  Assert(denied);
+  Assert(ResolveEvents());
   chooser_.Decay();
   return true;
 }
@@ -50,24 +47,24 @@ bool Search::FindLevel() {
 }
 
 void Search::Mark(Literal literal) {
-  int event = literal.Since(store_), cell = literal.Cell();
-  if (event < store_.FirstEventOf(1)) return;
-  bool now = event >= start_;
-  uint32_t bit = 1u << literal.Letter();
-  uint32_t& marked = literal.IsLost() ? (now ? lost_ : learntLost_)[cell]
-                                      : (now ? has_ : learntHas_)[cell];
-  if (marked & bit) return;
-  marked |= bit;
-  if (!now) {
-    learnt_.push_back(literal);
-  } else if (!pending_[event]) {
-    pending_[event] = 1;
-    ++outstanding_;
+  int cell = literal.cell;
+  uint32_t rest = literal.lost & ~(lost_[cell] | learntLost_[cell]);
+  for (; rest; rest &= rest - 1) {
+    int event = store_.GoneAt(cell, std::countr_zero(rest));
+    uint32_t bit = rest & -rest;
+    if (event >= start_) {
+      lost_[cell] |= bit;
+      outstanding_ += !pending_[event];
+      pending_[event] = 1;
+    } else if (event >= store_.FirstEventOf(1)) {
+      if (!learntLost_[cell]) learntCells_.push_back(cell);
+      learntLost_[cell] |= bit;
+    }
   }
 }
 
 // Replaces the literals of the last level by their reasons, latest first,
-// until a single one is left.
+// until those of a single event are left.
 Literal Search::ResolveEvents() {
   for (int i = static_cast<int>(store_.Events().size()) - 1;; --i) {
     assert(i >= start_);
@@ -75,27 +72,25 @@ Literal Search::ResolveEvents() {
     const Event& event = store_.Events()[i];
     uint32_t gone = event.before & ~event.after;
     uint32_t lost = lost_[event.cell] & gone;
-    bool has = has_[event.cell];
-    if (std::has_single_bit(event.after)) has_[event.cell] = 0;
-    else has = false;
     lost_[event.cell] &= ~gone;
     pending_[i] = 0;
     if (--outstanding_ == 0) {
-      if (!has && std::has_single_bit(lost)) {
-        return Literal::Lost(event.cell, std::countr_zero(lost));
-      }
-      if (std::has_single_bit(event.after)) {
-        return Literal::Has(event.cell, std::countr_zero(event.after));
-      }
+      lost |= learntLost_[event.cell];
+      learntLost_[event.cell] = 0;
+      return {event.cell, lost};
     }
-    Expand(i, lost, has);
+    Expand(i, lost);
   }
 }
 
-void Search::Expand(int i, uint32_t lost, bool has) {
+void Search::Expand(int i, uint32_t lost) {
   const Event& event = store_.Events()[i];
   if (event.reason >= kNogood) {
-    ExpandNogood(i, has);
+    int ref = event.reason - kNogood;
+    for (int k = 0; k < nogoods_.SizeOf(ref); ++k) {
+      Literal literal = nogoods_.At(ref, k);
+      if (literal.cell != event.cell) Mark(literal);
+    }
     return;
   }
   assert(event.reason >= 0);
@@ -106,64 +101,35 @@ void Search::Expand(int i, uint32_t lost, bool has) {
   }
   chooser_.Bump(event.reason);
   literals_.clear();
-  explainer_.Explain(
-      {event.reason, position, has ? kAllLetters & ~event.after : lost, i},
-      literals_);
+  explainer_.Explain({event.reason, position, lost, i}, literals_);
   for (Literal literal : literals_) Mark(literal);
 }
 
-// The denied literal is the one that can't hold.  Where it denied one letter
-// and so fixed the cell, the letters that went before count too.
-void Search::ExpandNogood(int i, bool has) {
-  const Event& event = store_.Events()[i];
-  int ref = event.reason - kNogood;
-  for (int k = 0; k < nogoods_.SizeOf(ref); ++k) {
-    Literal literal = nogoods_.At(ref, k);
-    if (!literal.CannotHold(store_)) {
-      Mark(literal);
-    } else if (has && !literal.IsLost()) {
-      for (uint32_t rest = kAllLetters & ~event.before; rest;
-           rest &= rest - 1) {
-        Mark(Literal::Lost(event.cell, std::countr_zero(rest)));
-      }
-    }
-  }
-}
-
-// A cell that has a letter has lost the others.
-void Search::Shorten() {
-  auto end = std::remove_if(
-      learnt_.begin(), learnt_.end(), [&](Literal literal) {
-        return literal.IsLost() && learntHas_[literal.Cell()];
-      });
-  for (Literal literal : learnt_) {
-    learntLost_[literal.Cell()] = learntHas_[literal.Cell()] = 0;
-  }
-  learnt_.erase(end, learnt_.end());
-}
-
 void Search::Assert(Literal denied) {
-  int spread = 0, jump = 0;
-  auto level = [&](Literal l) {
-    return store_.LevelOfEvent(l.Since(store_));
-  };
+  learnt_.clear();
+  for (int cell : learntCells_) {
+    if (learntLost_[cell]) learnt_.push_back({cell, learntLost_[cell]});
+    learntLost_[cell] = 0;
+  }
+  learntCells_.clear();
   std::sort(learnt_.begin(), learnt_.end(), [&](Literal a, Literal b) {
     return a.Since(store_) > b.Since(store_);
   });
-  if (!learnt_.empty()) jump = level(learnt_[0]);
-  int last = -1;
+  int spread = 0, last = 0, jump = 0;
   for (Literal literal : learnt_) {
-    if (int l = level(literal); l != last) ++spread, last = l;
+    int level = store_.LevelOfEvent(literal.Since(store_));
+    if (!spread) jump = level;
+    if (level != last) ++spread, last = level;
   }
   store_.BackTo(jump);
-  visited_ = std::min(visited_, store_.Events().size());
-  if (learnt_.empty()) {
-    store_.Narrow(denied.Cell(), denied.Negation(), kDecision);
-    return;
+  visited_ = store_.Events().size();
+  if (getenv("TR")) fprintf(stderr, "len %zu spread %d\n", learnt_.size(), spread);
+  int reason = kDecision;
+  if (!learnt_.empty()) {
+    learnt_.insert(learnt_.begin(), denied);
+    reason = kNogood + nogoods_.Add(store_, learnt_, spread);
   }
-  learnt_.insert(learnt_.begin(), denied);
-  int ref = nogoods_.Add(learnt_, spread);
-  store_.Narrow(denied.Cell(), denied.Negation(), kNogood + ref);
+  store_.Narrow(denied.cell, denied.lost, reason);
 }
 
 }  // namespace autofill

@@ -15,9 +15,7 @@ Search::Search(const Board& board, const WordList& words,
       explainer_(store_),
       chooser_(store_, settings.seed),
       lost_(board.CellCount()),
-      has_(board.CellCount()),
       learntLost_(board.CellCount()),
-      learntHas_(board.CellCount()),
       pending_(static_cast<size_t>(board.CellCount()) * kLetters) {
   nextRestart_ = kRestartUnit;
 }
@@ -57,12 +55,18 @@ Outcome Search::Run(int64_t work, const std::function<bool()>& stop) {
       if (!LearnAndJump()) break;
       continue;
     }
-    if (RestartDue()) Restart();
+    if (RestartDue()) {
+      Restart();
+      continue;
+    }
+    if (store_.Level() == 0 && nogoods_.Full(1 << 16)) {
+      nogoods_.Reduce(store_);
+    }
     Literal literal;
     if (!chooser_.Next(literal)) return Outcome::Filled;
     ++statistics_.nodes;
     store_.Push();
-    store_.Narrow(literal.Cell(), 1u << literal.Letter(), kDecision);
+    store_.Narrow(literal.cell, ~literal.lost, kDecision);
   }
   impossible_ = true;
   return Outcome::Impossible;
@@ -88,7 +92,6 @@ void Search::Restart() {
   chooser_.KeepWords();
   store_.BackTo(0);
   visited_ = store_.Events().size();
-  if (nogoods_.Full(1 << 16)) nogoods_.Reduce();
   chooser_.Restart(static_cast<int>(statistics_.restarts));
 }
 

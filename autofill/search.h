@@ -44,6 +44,7 @@ class Search {
   const Store& State() const { return store_; }
   const Chooser& Choices() const { return chooser_; }
 
+  const Explainer& Ex() const {return explainer_;}
  private:
   static constexpr int kNone = -1;
 
@@ -53,10 +54,8 @@ class Search {
   bool FindLevel();
   void Resolve();
   Literal ResolveEvents();
-  void Expand(int event, uint32_t lost, bool has);
-  void ExpandNogood(int event, bool has);
+  void Expand(int event, uint32_t lost);
   void Mark(Literal literal);
-  void Shorten();
   void Assert(Literal denied);
   bool RestartDue() const;
   void Restart();
@@ -73,8 +72,9 @@ class Search {
   // The conflict being resolved.
   int level_ = 0, start_ = 0, outstanding_ = 0;
   std::vector<Literal> literals_, learnt_;
-  std::vector<uint32_t> lost_, has_, learntLost_, learntHas_;  // by cell
-  std::vector<char> pending_;                                  // by event
+  std::vector<uint32_t> lost_, learntLost_;  // by cell
+  std::vector<int> learntCells_;
+  std::vector<char> pending_;  // by event
 };
 
 }  // namespace autofill
