@@ -14,3 +14,13 @@ enum ExitStatus {
   kWrongUsage = 2,
   kFileFailed = 3,  // a file cannot be read or written
 };
+
+void AddFillCommand(CLI::App& app, int& status);
+void AddLayoutCommand(CLI::App& app, int& status);
+void AddCheckCommand(CLI::App& app, int& status);
+void AddSplitCommand(CLI::App& app, int& status);
+void AddInspectCommand(CLI::App& app, int& status);
+void AddFindCommand(CLI::App& app, int& status);
+void AddMatchCommand(CLI::App& app, int& status);
+void AddWordsCommand(CLI::App& app, int& status);
+void AddUnpackCommand(CLI::App& app, int& status);

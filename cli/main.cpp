@@ -1,11 +1,50 @@
 // kelda-cli: Kelda's operations for scripts, batch work and tests.
 
+#include <iostream>
+
 #include "cli/commands.h"
+#include "grid/text_file.h"
+
+namespace {
+
+int Run(int argc, char** argv) {
+  CLI::App app("Makes, checks and fills crossword puzzles.");
+  app.require_subcommand(1);
+  app.set_version_flag("--version", "Kelda 1.0");
+  app.footer(
+      "A file name of - is standard input or output, so commands chain:\n"
+      "  kelda-cli layout 2x2 --size 15 | kelda-cli check -\n"
+      "Each command tells more: kelda-cli fill --help\n"
+      "Exit status: 0 done, 1 refused or not completed, 2 wrong usage,\n"
+      "3 a file cannot be read or written.");
+  int status = kDone;
+  AddFillCommand(app, status);
+  AddLayoutCommand(app, status);
+  AddCheckCommand(app, status);
+  AddSplitCommand(app, status);
+  AddInspectCommand(app, status);
+  AddFindCommand(app, status);
+  AddMatchCommand(app, status);
+  AddWordsCommand(app, status);
+  AddUnpackCommand(app, status);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kWrongUsage;
+  }
+  return status;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("Makes and fills crossword puzzles.");
-  app.require_subcommand(1);
-  int status = kDone;
-  CLI11_PARSE(app, argc, argv);
-  return status;
+  try {
+    const int status = Run(argc, argv);
+    std::cout.flush();
+    if (std::cout) return status;
+    std::cerr << "kelda-cli: standard output cannot be written\n";
+  } catch (const FileError& error) {
+    std::cerr << "kelda-cli: " << error.what() << "\n";
+  }
+  return kFileFailed;
 }

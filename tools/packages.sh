@@ -2,6 +2,7 @@
 build_packages=(
   g++ cmake ninja-build python3          # tools
   libcli11-dev nlohmann-json3-dev        # command line
+  qt6-base-dev                           # window, paper and pictures
   scowl                                  # word lists
 )
 test_packages=(

@@ -1,0 +1,88 @@
+// kelda-cli fill: the step-by-step fill.
+
+#include <chrono>
+#include <iostream>
+
+#include "cli/commands.h"
+#include "cli/session.h"
+#include "files/puzzle_file.h"
+#include "solver/fill.h"
+
+namespace {
+
+struct Options {
+  std::string puzzle;
+  std::string list = "2";
+  std::string start;
+  bool random = false;
+  std::vector<TriesAnswer> tries;
+  bool log = false;
+  std::string out;
+  std::optional<std::uint64_t> seed;
+};
+
+int RunFill(const Options& options) {
+  CliSession session;
+  session.LoadWords(options.list);
+  session.OpenPuzzle(options.puzzle);
+  CliHost& host = session.host;
+  if (options.out == "-") host.messages = &std::cerr;
+  host.triesAnswers.assign(options.tries.begin(), options.tries.end());
+  host.textAnswer = options.start;
+  host.log = options.log;
+  if (options.seed) host.Seed(*options.seed);
+
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point begin = Clock::now();
+  const FillReport report =
+      Fill(session.state, session.words, session.ports())
+          .Solve(options.start.empty() ? StartLocation::Random
+                                       : StartLocation::Specified);
+  const std::chrono::duration<double> seconds = Clock::now() - begin;
+
+  *host.messages << GridText(session.state) << report.slotsSolved
+                 << " slots solved, " << report.candidatesTried
+                 << " candidates tried, " << report.backtracks
+                 << " backtracks, " << seconds.count() << " seconds\n";
+  if (!options.out.empty() && report.outcome != FillOutcome::Refused)
+    session.SavePuzzle(options.out);
+  return report.outcome == FillOutcome::Completed ? kDone : kNotCompleted;
+}
+
+}  // namespace
+
+void AddFillCommand(CLI::App& app, int& status) {
+  auto options = std::make_shared<Options>();
+  CLI::App* command =
+      app.add_subcommand("fill", "Fill a puzzle with words, step by step.");
+  command->footer(
+      "Letters that the puzzle holds are cleared first.  Ctrl-C halts; the\n"
+      "partly filled grid is still written.\n"
+      "Example: kelda-cli fill puzzle.kdp -d 3 --start 22A -o filled.kdp");
+  command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
+  command
+      ->add_option("-d,--dictionary", options->list,
+                   "Word list: a file, or 1, 2 or 3 for a level")
+      ->capture_default_str();
+  CLI::Option* start = command->add_option("--start", options->start,
+                                           "Clue to start at, for example 22A");
+  command
+      ->add_flag("--random", options->random,
+                 "Start at a random one of the hardest slots (default)")
+      ->excludes(start);
+  command
+      ->add_option("--tries", options->tries,
+                   "Answers to whether to go on after many tries, in turn: "
+                   "retry, ignore, abort; then abort")
+      ->delimiter(',')
+      ->transform(CLI::CheckedTransformer(
+          std::map<std::string, TriesAnswer>{{"abort", TriesAnswer::Abort},
+                                             {"retry", TriesAnswer::Retry},
+                                             {"ignore", TriesAnswer::Ignore}},
+          CLI::ignore_case));
+  command->add_flag("--log", options->log, "Print every line of the log");
+  command->add_option("-o,--output", options->out, "Puzzle file to write");
+  command->add_option("--seed", options->seed,
+                      "Make the random choices repeatable");
+  command->callback([options, &status] { status = RunFill(*options); });
+}

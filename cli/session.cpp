@@ -1,0 +1,115 @@
+#include "cli/session.h"
+
+#include <unistd.h>
+
+#include <cmath>
+#include <csignal>
+#include <iostream>
+#include <limits>
+
+#include "dictionary/levels.h"
+#include "dictionary/read_dictionary.h"
+#include "files/puzzle_file.h"
+
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void Interrupt(int) {
+  interrupted = 1;
+}
+
+}  // namespace
+
+CliHost::CliHost(State& state)
+    : messages(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {
+  std::signal(SIGINT, Interrupt);
+}
+
+void CliHost::Tell(std::string_view text) {
+  for (char c : text)
+    if (c != '\r') *messages << c;
+  *messages << "\n";
+}
+
+bool CliHost::AskYesNo(std::string_view) {
+  return answerYes;
+}
+
+TriesAnswer CliHost::AskTries(std::string_view) {
+  if (triesAnswers.empty()) return TriesAnswer::Abort;
+  const TriesAnswer answer = triesAnswers.front();
+  triesAnswers.pop_front();
+  return answer;
+}
+
+std::string CliHost::AskText(std::string_view, std::string_view,
+                             std::string_view) {
+  return textAnswer;
+}
+
+std::string CliHost::AskFileName(const FileRequest&) {
+  return "";
+}
+
+void CliHost::ShowLogLine(std::string_view line) {
+  *messages << line << "\n";
+}
+
+void CliHost::Poll() {
+  constexpr int kPollsPerLook = 64;
+  if (interrupted) state_.haltRequested = true;
+  if (showsProgress_ && ++polls_ % kPollsPerLook == 0) ShowProgress();
+}
+
+void CliHost::ShowProgress() {
+  const ProgressBar& fill = state_.WordProg;
+  std::cerr << "\r" << fill.Value << " of " << fill.Max << " cells  "
+            << state_.ProgBar.Caption << "\033[K\r";
+}
+
+// Runs start with the log off; whoever wants it switches it on when the
+// run first lets events run.
+void CliHost::RunEvents() {
+  state_.logEnabled = log;
+}
+
+void CliHost::AwaitHalt(std::string_view why) {
+  std::cerr << "kelda-cli: stopped: " << why << "\n";
+  state_.haltRequested = true;
+}
+
+double CliHost::Chance() {
+  constexpr int kDoubleBits = std::numeric_limits<double>::digits;
+  return std::ldexp(static_cast<double>(random_() >> (64 - kDoubleBits)),
+                    -kDoubleBits);
+}
+
+void CliHost::EndProgram(std::string_view why) {
+  throw FileError(std::string(why));
+}
+
+std::string InputPath(const std::string& name) {
+  return name == "-" ? "/dev/stdin" : name;
+}
+
+void CliSession::OpenPuzzle(const std::string& path) {
+  ShowPuzzle(state, ports(), ReadPuzzle(InputPath(path)));
+}
+
+void CliSession::LoadWords(const std::string& list) {
+  const bool isLevel = list.size() == 1 && list >= "1" && list <= "3";
+  ReadDictionary(
+      state, words, host,
+      isLevel ? LevelFilePath(kLevelFiles[list[0] - '1']) : InputPath(list));
+  if (words.TotalWords == 0)
+    std::cerr << "kelda-cli: " << list
+              << ": there is no word of 3 to 20 letters in this file\n";
+}
+
+void CliSession::SavePuzzle(const std::string& path) const {
+  if (path == "-")
+    std::cout << PuzzleText(state);
+  else
+    WriteFile(path, PuzzleText(state));
+}

@@ -1,0 +1,81 @@
+// What the commands of kelda-cli work with: the program's state, and a host
+// and a picture that stand for the user and the window.
+
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <optional>
+#include <ostream>
+#include <random>
+#include <string>
+
+#include "dictionary/word_table.h"
+#include "grid/state.h"
+
+// Answers questions from the options of the command, prints messages, and
+// takes an interrupt (Ctrl-C) for Halt.
+class CliHost : public Host {
+ public:
+  explicit CliHost(State& state);
+
+  std::ostream* messages;                // where Tell prints
+  std::deque<TriesAnswer> triesAnswers;  // then Abort
+  bool answerYes = true;                 // to every question
+  std::string textAnswer;                // to every prompt
+  bool log = false;                      // print the solver's log
+  void Seed(std::uint64_t seed) { random_.seed(seed); }
+
+  void Tell(std::string_view text) override;
+  bool AskYesNo(std::string_view text) override;
+  TriesAnswer AskTries(std::string_view text) override;
+  std::string AskText(std::string_view prompt, std::string_view title,
+                      std::string_view preset) override;
+  std::string AskFileName(const FileRequest& request) override;
+  void ShowLogLine(std::string_view line) override;
+  void Poll() override;
+  void RunEvents() override;
+  void AwaitHalt(std::string_view why) override;
+  void Pointer(PointerShape) override {}
+  double Chance() override;
+  [[noreturn]] void EndProgram(std::string_view why) override;
+
+ private:
+  void ShowProgress();
+
+  State& state_;
+  std::mt19937_64 random_{std::random_device{}()};
+  bool showsProgress_;
+  int polls_ = 0;
+};
+
+// Remembers how each cell is painted.
+class CliPicture : public Picture {
+ public:
+  void Clear() override { paint.clear(); }
+  void GridLines(int) override {}
+  void FillCell(Pos cell, Colour colour) override { paint[cell] = colour; }
+  void CellText(Pos, int, char) override {}
+
+  std::map<Pos, Colour> paint;
+};
+
+struct CliSession {
+  State state;
+  WordTable words;
+  CliHost host{state};
+  CliPicture picture;
+
+  Ports ports() { return {host, picture}; }
+
+  // Opens a puzzle file; "-" is standard input.
+  void OpenPuzzle(const std::string& path);
+  // Loads a word list: a file, or 1, 2 or 3 for a level.
+  void LoadWords(const std::string& list);
+  // Writes the puzzle to a file; "-" is standard output.
+  void SavePuzzle(const std::string& path) const;
+};
+
+// The path to read for a file name of the command line.
+std::string InputPath(const std::string& name);

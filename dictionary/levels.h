@@ -1,0 +1,14 @@
+// The dictionary levels and where their files are.
+
+#pragma once
+
+#include <array>
+#include <string>
+
+inline constexpr std::array kLevelFiles = {"L1Ascii.txt", "L2Ascii.txt",
+                                           "L3Ascii.txt"};
+inline constexpr int kDefaultLevel = 1;  // place in kLevelFiles
+
+// A level file's path: in the current folder, else beside the program, else
+// in the installed data folder; the bare name when it is in none.
+std::string LevelFilePath(const std::string& name);

@@ -1,0 +1,76 @@
+#include "dictionary/word_index.h"
+
+#include <algorithm>
+#include <bit>
+#include <numeric>
+
+#include "grid/list_rows.h"
+#include "grid/masks.h"
+
+WordIndex::WordIndex(int length, std::string_view letters,
+                     const std::vector<int>& scores) {
+  const int count = static_cast<int>(scores.size());
+  const auto word = [&](int j) { return letters.substr(j * length, length); };
+
+  std::vector<std::uint64_t> order(count);
+  std::ranges::transform(scores, order.begin(), ScoreOrder);
+  byRank_.resize(count);
+  std::iota(byRank_.begin(), byRank_.end(), 0);
+  std::ranges::sort(byRank_, [&](int a, int b) {
+    if (order[a] != order[b]) return order[a] < order[b];
+    return word(a) < word(b);
+  });
+
+  rowOf_.fill(-1);
+  for (unsigned char c : letters)
+    if (rowOf_[c] < 0) rowOf_[c] = static_cast<short>(letterCount_++);
+
+  const std::size_t blocks = (count + 63) / 64;
+  all_.assign(blocks, 0);
+  bits_.assign(blocks * letterCount_ * length, 0);
+  rankOf_.resize(count);
+  for (int rank = 0; rank < count; ++rank) {
+    const std::uint64_t bit = std::uint64_t{1} << (rank % 64);
+    all_[rank / 64] |= bit;
+    for (int i = 0; i < length; ++i) {
+      const unsigned char c = letters[byRank_[rank] * length + i];
+      bits_[(i * letterCount_ + rowOf_[c]) * blocks + rank / 64] |= bit;
+    }
+    rankOf_[byRank_[rank]] = rank;
+  }
+}
+
+std::optional<WordIndex::Rows> WordIndex::RowsOf(const Mask& mask) const {
+  Rows rows;
+  for (int i = 0; i < mask.Size(); ++i) {
+    if (mask[i] == kAnyLetter) continue;
+    const int row = rowOf_[static_cast<unsigned char>(mask[i])];
+    if (row < 0) return std::nullopt;
+    rows.rows[rows.count++] = &bits_[(i * letterCount_ + row) * Blocks()];
+  }
+  if (rows.count == 0) rows.rows[rows.count++] = all_.data();
+  return rows;
+}
+
+std::uint64_t WordIndex::Intersect(const Rows& rows, const Bits& excluded,
+                                   std::size_t block) {
+  std::uint64_t bits = ~excluded[block];
+  for (int i = 0; i < rows.count; ++i) bits &= rows.rows[i][block];
+  return bits;
+}
+
+void WordIndex::Match(const Mask& mask, const Bits& excluded,
+                      Bits& matches) const {
+  matches.assign(Blocks(), 0);
+  const auto rows = RowsOf(mask);
+  for (std::size_t block = 0; rows && block < Blocks(); ++block)
+    matches[block] = Intersect(*rows, excluded, block);
+}
+
+int WordIndex::Count(const Mask& mask, const Bits& excluded) const {
+  const auto rows = RowsOf(mask);
+  int count = 0;
+  for (std::size_t block = 0; rows && block < Blocks(); ++block)
+    count += std::popcount(Intersect(*rows, excluded, block));
+  return count;
+}

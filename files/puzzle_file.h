@@ -1,0 +1,49 @@
+// Puzzle files (*.kdp): a title line, then a line per grid row, each ended
+// by CR LF.
+//
+// In the file "#" is a black square and "." an empty cell; every other
+// character is the cell's letter.  The size is the length of the first grid
+// line.  Text is single-byte (ISO 8859-1), here as in State::Text5.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "grid/state.h"
+#include "grid/text_file.h"
+
+struct Puzzle {
+  std::string title;
+  int size = 0;
+  std::vector<std::string> cells;  // size rows of size cells, as in CellGrid
+};
+
+class EvenGridSize : public FileError {
+ public:
+  explicit EvenGridSize(const std::string& path)
+      : FileError(path + ":2: Grid size must be an odd number") {}
+};
+
+// Reads a puzzle.  Cells that a short or missing line leaves out are empty;
+// lines after the last row are passed over.  Throws FileError for a file that
+// is no puzzle or larger than the largest grid, EvenGridSize for one of even
+// size.
+Puzzle ReadPuzzle(const std::string& path);
+
+// The text of a puzzle file for the grid as it is.
+std::string PuzzleText(const State& state);
+// Its grid lines alone, each ended by a line feed.
+std::string GridText(const State& state);
+
+// Makes a puzzle the state's puzzle, numbered and drawn.
+void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle);
+
+// The commands.
+void LoadPuzzle(State& state, Ports ports);
+void SavePuzzleAs(State& state, Ports ports);
+void UpdatePuzzle(State& state, Ports ports);
+
+// Whether a file may be written: it is not there, is empty, or the user
+// agrees that it is replaced.
+bool ConfirmOverwrite(Host& host, const std::string& path);

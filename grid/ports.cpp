@@ -1,0 +1,5 @@
+#include "grid/ports.h"
+
+int RandomUpTo(Host& host, int max) {
+  return std::min(static_cast<int>(host.Chance() * max) + 1, max);
+}

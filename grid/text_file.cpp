@@ -1,0 +1,143 @@
+#include "grid/text_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+namespace {
+
+constexpr std::size_t kChunk = 1 << 16;
+constexpr std::size_t kLongestLine = 1 << 16;
+constexpr std::size_t kLargestFile = 1 << 28;
+
+[[noreturn]] void FailWith(const std::string& path, std::string_view what,
+                           int error) {
+  throw FileError(path + ": " + std::string(what) + ": " +
+                  std::strerror(error));
+}
+
+// A file that is open for writing.
+class OutputFile {
+ public:
+  OutputFile(std::string path, int descriptor)
+      : path_(std::move(path)), descriptor_(descriptor) {}
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  ~OutputFile() {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+
+  int Descriptor() const { return descriptor_; }
+
+  // Each returns whether it worked; errno says why not.
+  bool Write(std::string_view content) {
+    while (!content.empty()) {
+      const ssize_t written =
+          write(descriptor_, content.data(), content.size());
+      if (written < 0 && errno == EINTR) continue;
+      if (written < 0) return false;
+      content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+  }
+  bool Close() {
+    const int descriptor = descriptor_;
+    descriptor_ = -1;
+    return close(descriptor) == 0;
+  }
+
+ private:
+  std::string path_;
+  int descriptor_;
+};
+
+void WriteInPlace(const std::string& path, std::string_view content) {
+  OutputFile out(path, open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  if (out.Descriptor() < 0 || !out.Write(content) || !out.Close())
+    FailWith(path, "cannot be written", errno);
+}
+
+// The mode for a new file: that of the old one, or what the user's mask
+// leaves.
+mode_t ModeFor(const std::string& path) {
+  struct stat old;
+  if (stat(path.c_str(), &old) == 0) return old.st_mode & 07777;
+  const mode_t mask = umask(0);
+  umask(mask);
+  return 0666 & ~mask;
+}
+
+}  // namespace
+
+LineReader::LineReader(const std::string& path)
+    : path_(path), file_(std::fopen(path.c_str(), "rb")) {
+  if (!file_) FailWith(path, "cannot be opened", errno);
+}
+
+void LineReader::Fail(std::string_view what) const {
+  throw FileError(path_ + ":" + std::to_string(lineNumber_) + ": " +
+                  std::string(what));
+}
+
+bool LineReader::Refill() {
+  buffer_.resize(kChunk);
+  const std::size_t size = std::fread(buffer_.data(), 1, kChunk, file_.get());
+  if (size == 0 && std::ferror(file_.get()))
+    FailWith(path_, "cannot be read", errno);
+  buffer_.resize(size);
+  next_ = 0;
+  bytesRead_ += size;
+  if (bytesRead_ > kLargestFile) Fail("the file is larger than 256 MiB");
+  return size > 0;
+}
+
+int LineReader::GetChar() {
+  if (next_ == buffer_.size() && !Refill()) return EOF;
+  return static_cast<unsigned char>(buffer_[next_++]);
+}
+
+bool LineReader::Next(std::string_view& line) {
+  line_.clear();
+  int c = GetChar();
+  if (c == '\n' && afterReturn_) c = GetChar();
+  afterReturn_ = false;
+  if (c == EOF) return false;
+  ++lineNumber_;
+  for (; c != EOF && c != '\n' && c != '\r'; c = GetChar()) {
+    if (c == '\0') Fail("this is not a text file, it holds a zero byte");
+    if (line_.size() == kLongestLine) Fail("the line is too long");
+    line_ += static_cast<char>(c);
+  }
+  afterReturn_ = c == '\r';
+  line = line_;
+  return true;
+}
+
+void WriteFile(const std::string& path, std::string_view content) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  // Through a link, the file that it stands for is replaced.
+  fs::path target = fs::weakly_canonical(path, error);
+  if (error) target = path;
+  const fs::file_status status = fs::status(target, error);
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
+    WriteInPlace(path, content);
+    return;
+  }
+  std::string temporary = target.string() + ".XXXXXX";
+  OutputFile out(temporary, mkostemp(temporary.data(), O_CLOEXEC));
+  if (out.Descriptor() < 0) FailWith(path, "cannot be written", errno);
+  const bool done = out.Write(content) &&
+                    fchmod(out.Descriptor(), ModeFor(target)) == 0 &&
+                    fsync(out.Descriptor()) == 0 && out.Close() &&
+                    rename(temporary.c_str(), target.c_str()) == 0;
+  if (!done) {
+    const int failure = errno;
+    unlink(temporary.c_str());
+    FailWith(path, "cannot be written", failure);
+  }
+}

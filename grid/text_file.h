@@ -1,0 +1,53 @@
+// Text files from outside, read line by line with every bound checked, and
+// written so that a crash or a full disk leaves the old file whole.
+
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+// A file that cannot be read or written.  The text names the file, the line
+// where there is one, and what is wrong: "a.kdp:3: the line is too long".
+class FileError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The lines of a file, whose end is CR LF, LF or CR.  Not text is a file
+// that holds a zero byte; more than 256 MiB or a line of more than 64 KiB is
+// too much.  Each of these throws FileError, as a file does that cannot be
+// opened or read.
+class LineReader {
+ public:
+  explicit LineReader(const std::string& path);
+
+  // Reads the next line, without its end; false when there is none.  The
+  // view holds until the next call.
+  bool Next(std::string_view& line);
+  int LineNumber() const { return lineNumber_; }  // of the last line read
+  [[noreturn]] void Fail(std::string_view what) const;
+
+ private:
+  bool Refill();
+  int GetChar();
+
+  struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+
+  std::string path_;
+  std::unique_ptr<std::FILE, Closer> file_;
+  std::string buffer_;
+  std::size_t next_ = 0;  // in buffer_
+  std::size_t bytesRead_ = 0;
+  bool afterReturn_ = false;  // a LF would belong to the last line's end
+  std::string line_;
+  int lineNumber_ = 0;
+};
+
+// Replaces a file's content, or makes the file, through a temporary file
+// beside it and a rename.  What is no regular file is written as it is.
+void WriteFile(const std::string& path, std::string_view content);

@@ -1,0 +1,21 @@
+// The program as one value: its state, its dictionary and its way to the
+// outside.
+
+#pragma once
+
+#include "dictionary/word_table.h"
+#include "grid/state.h"
+
+struct App {
+  State state;
+  WordTable words;
+  Host& host;
+  Picture& picture;
+  bool taskRuns = false;  // a command has started and not ended
+
+  Ports ports() { return {host, picture}; }
+};
+
+// The program's start: constants, the size of the view, the lines of an empty
+// grid, the default dictionary.
+void StartUp(App& app);
