@@ -69,8 +69,7 @@ std::vector<std::vector<int>> Board::Number() const {
   return numbers;
 }
 
-void Board::AddRuns(bool across,
-                    const std::vector<std::vector<int>>& numbers) {
+void Board::AddRuns(bool across, const std::vector<std::vector<int>>& numbers) {
   std::vector cellAt(height_, std::vector<int>(width_, -1));
   for (int i = 0; i < CellCount(); ++i) {
     cellAt[cells_[i].row][cells_[i].column] = i;
@@ -80,7 +79,12 @@ void Board::AddRuns(bool across,
       int length = RunFrom(r, c, across);
       if (length < kShortestWord) continue;
       Entry entry{std::to_string(numbers[r][c]) + (across ? 'A' : 'D'),
-                  across, r, c, length, PositionCount(), true};
+                  across,
+                  r,
+                  c,
+                  length,
+                  PositionCount(),
+                  true};
       for (int k = 0; k < length; ++k) {
         int row = across ? r : r + k, column = across ? c + k : c;
         char text = rows_[row][column];
@@ -88,8 +92,7 @@ void Board::AddRuns(bool across,
         int& cell = cellAt[row][column];
         if (cell < 0) {
           cell = CellCount();
-          cells_.push_back(
-              {row, column, {-1, -1}, text == '.' ? '\0' : text});
+          cells_.push_back({row, column, {-1, -1}, text == '.' ? '\0' : text});
         }
         cells_[cell].positions[across ? 0 : 1] = PositionCount();
         cellOf_.push_back(cell);

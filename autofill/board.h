@@ -25,7 +25,7 @@ struct Entry {
   bool across = true;
   int row = 0, column = 0;  // of the first cell, from 0
   int length = 0;
-  int first = 0;  // its first position
+  int first = 0;       // its first position
   bool given = false;  // all letters were given: it isn't ours to fill
 };
 

@@ -7,15 +7,18 @@
 namespace autofill {
 
 constexpr int kCandidates = 256;
+constexpr double kUncrossed = 1e300;  // such a cell comes last
+constexpr float kNoise = 0.5;
+constexpr float kScoreWeight = 0.3f;  // a point against a factor of e^0.3
 
-Chooser::Chooser(const Store& store, uint64_t seed)
+Chooser::Chooser(const Store& store, uint64_t seed,
+                 const std::vector<std::vector<int>>& earlier)
     : store_(store),
+      earlier_(earlier),
       random_(seed),
       weights_(store.GetBoard().EntryCount(), 1.0),
       kept_(store.GetBoard().EntryCount(), -1),
-      candidates_(kCandidates) {
-  noise_ = 0.5;
-}
+      candidates_(kCandidates) {}
 
 void Chooser::Bump(int entry) {
   weights_[entry] += increment_;
@@ -29,8 +32,6 @@ void Chooser::KeepWords() {
     if (store_.Done(e)) kept_[e] = store_.WordOf(e);
   }
 }
-
-void Chooser::Restart(int) {}
 
 bool Chooser::Fits(int entry, int word) const {
   const LengthTable& table = store_.TableOf(entry);
@@ -49,7 +50,7 @@ bool Chooser::Next(Literal& literal) {
     word_ = kept_[entry_];
     if (word_ < 0 || !Fits(entry_, word_)) word_ = BestWord(entry_);
   }
-  int position = NextPosition(entry_, word_);
+  int position = NextPosition(entry_);
   int offset = position - store_.GetBoard().Entries()[entry_].first;
   literal = {store_.GetBoard().CellOf(position),
              kAllLetters & ~store_.TableOf(entry_).Row(word_)[offset]};
@@ -61,7 +62,7 @@ int Chooser::NextEntry() const {
   double bestValue = 0;
   for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
     if (store_.Done(e)) continue;
-    double value = store_.SizeOf(e) / weights_[e];
+    double value = std::sqrt(store_.SizeOf(e)) / weights_[e];
     if (best < 0 || value < bestValue) best = e, bestValue = value;
   }
   return best;
@@ -95,25 +96,27 @@ int Chooser::BestWord(int entry) {
   for (int i = 0; i < count; ++i) {
     int word = candidates_[i];
     const uint8_t* letters = table.Letters(word);
-    float value = 0.3f * table.scores[word] +
-                  static_cast<float>(noise_) * chance(random_);
+    float value = kScoreWeight * table.scores[word] + kNoise * chance(random_);
+    for (const auto& fill : earlier_) value -= fill[entry] == word ? 1e3f : 0;
     for (int p = 0; p < table.length; ++p) value += support_[p][letters[p]];
     if (best < 0 || value > bestValue) best = word, bestValue = value;
   }
   return best;
 }
 
-// The letter that leaves its crossing the fewest words.
-int Chooser::NextPosition(int entry, int word) const {
+// The cell whose crossing is the most constrained.
+int Chooser::NextPosition(int entry) const {
   const Board& board = store_.GetBoard();
   int first = board.Entries()[entry].first, best = -1;
-  int bestSize = 0;
-  (void)word;
+  double bestSize = 0;
   for (int p = 0; p < board.Entries()[entry].length; ++p) {
     if (std::has_single_bit(store_.LettersAt(first + p))) continue;
     int crossing = board.Crossing(first + p);
-    int size = crossing < 0 ? 1 << 30
-                            : store_.SizeOf(board.EntryOf(crossing));
+    double size = kUncrossed;
+    if (crossing >= 0) {
+      int other = board.EntryOf(crossing);
+      size = store_.SizeOf(other) / weights_[other];
+    }
     if (best < 0 || size < bestSize) best = first + p, bestSize = size;
   }
   return best;

@@ -19,7 +19,9 @@ namespace autofill {
 
 class Chooser {
  public:
-  Chooser(const Store& store, uint64_t seed);
+  // Words of earlier fills, by entry, are tried last.
+  Chooser(const Store& store, uint64_t seed,
+          const std::vector<std::vector<int>>& earlier);
 
   // The next letter to try; false when every entry is done.
   bool Next(Literal& literal);
@@ -27,7 +29,6 @@ class Chooser {
   void Decay() { increment_ *= 1 / 0.95; }
   // Remembers the words of the finished entries.
   void KeepWords();
-  void Restart(int restarts);
   double Weight(int entry) const { return weights_[entry]; }
 
  private:
@@ -35,11 +36,11 @@ class Chooser {
   int BestWord(int entry);
   bool Fits(int entry, int word) const;
   void CountCrossings(int entry);
-  int NextPosition(int entry, int word) const;
+  int NextPosition(int entry) const;
 
   const Store& store_;
+  const std::vector<std::vector<int>>& earlier_;
   std::mt19937_64 random_;
-  double noise_ = 0;
   double increment_ = 1;
   std::vector<double> weights_;
   std::vector<int> kept_;  // by entry, a word or -1

@@ -25,7 +25,6 @@ void Explainer::Explain(const Question& question,
   table_ = &store_.TableOf(question.entry);
   first_ = store_.GetBoard().Entries()[question.entry].first;
   std::fill_n(killed_, table_->length, 0);
-  ++count;  
   FindFixed(question);
   Store::RootSet root = store_.RootOf(question.entry);
   if (root.list) {
@@ -68,8 +67,8 @@ void Explainer::StartBits(const Question& question) {
   const uint64_t* bitsets[kLetters];
   int count = 0;
   for (uint32_t rest = question.letters; rest; rest &= rest - 1) {
-    bitsets[count++] = table_->Support(question.position - first_,
-                                       std::countr_zero(rest));
+    bitsets[count++] =
+        table_->Support(question.position - first_, std::countr_zero(rest));
   }
   std::copy_n(root, table_->blocks, bits_.begin());
   size_ = KeepUnion(bits_.data(), bitsets, count, table_->blocks);
@@ -95,8 +94,7 @@ void Explainer::AddFixed() {
   for (; next < fixed_.size() && size_ > kWordsToRead; ++next) {
     const Fixed& fixed = fixed_[next];
     int before = size_;
-    size_ = Intersect(bits_.data(),
-                      table_->Support(fixed.offset, fixed.letter),
+    size_ = Intersect(bits_.data(), table_->Support(fixed.offset, fixed.letter),
                       table_->blocks, scratch_.data());
     bits_.swap(scratch_);
     if (size_ == before) continue;
@@ -127,7 +125,6 @@ void Explainer::ReadWords() {
 void Explainer::AddKillers(const Question& question,
                            std::vector<Literal>& literals) {
   const Board& board = store_.GetBoard();
-  left+=list_.size();
   for (int word : list_) {
     const uint32_t* row = table_->Row(word);
     int best = -1, event = question.event;
@@ -135,8 +132,8 @@ void Explainer::AddKillers(const Question& question,
     for (int p = 0; p < table_->length && !dead; ++p) {
       dead = row[p] & killed_[p];
       if (row[p] & store_.LettersAt(first_ + p)) continue;
-      int gone = store_.GoneAt(board.CellOf(first_ + p),
-                               std::countr_zero(row[p]));
+      int gone =
+          store_.GoneAt(board.CellOf(first_ + p), std::countr_zero(row[p]));
       if (gone < event) event = gone, best = p;
     }
     if (dead) continue;
@@ -148,8 +145,7 @@ void Explainer::AddKillers(const Question& question,
   }
 }
 
-bool Explainer::FixedBefore(int entry, int from, int length,
-                            int event) const {
+bool Explainer::FixedBefore(int entry, int from, int length, int event) const {
   const Board& board = store_.GetBoard();
   for (int k = 0; k < length; ++k) {
     int position = board.Entries()[entry].first + from + k;
@@ -175,8 +171,8 @@ void Explainer::AddUse(const Question& question, int word,
     for (int a = 0; a + length <= table_->length; ++a) {
       for (int b = 0; b + length <= other.length; ++b) {
         int k = 0;
-        while (k < length && store_.LettersAt(other.first + b + k) ==
-                                 1u << text[a + k]) {
+        while (k < length &&
+               store_.LettersAt(other.first + b + k) == 1u << text[a + k]) {
           ++k;
         }
         if (k < length || !FixedBefore(e, b, length, question.event)) continue;

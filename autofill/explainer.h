@@ -28,7 +28,6 @@ class Explainer {
   explicit Explainer(const Store& store);
   void Explain(const Question& question, std::vector<Literal>& literals);
 
-  long count=0, left=0;
  private:
   struct Fixed {
     int event, offset, letter;

@@ -15,8 +15,9 @@ namespace {
 using Vector = uint32_t __attribute__((vector_size(16), may_alias));
 
 template <bool kKeep>
-[[gnu::always_inline]] inline int Narrow(uint64_t* set, const uint64_t* const* bitsets, int count,
-                  int blocks) {
+[[gnu::always_inline]] inline int Narrow(uint64_t* set,
+                                         const uint64_t* const* bitsets,
+                                         int count, int blocks) {
   int size = 0;
   for (int b = 0; b < blocks; ++b) {
     uint64_t united = 0;
@@ -76,8 +77,7 @@ int DropUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
 }
 
 KELDA_CLONES
-int Intersect(const uint64_t* a, const uint64_t* b, int blocks,
-              uint64_t* out) {
+int Intersect(const uint64_t* a, const uint64_t* b, int blocks, uint64_t* out) {
   int size = 0;
   for (int i = 0; i < blocks; ++i) {
     out[i] = a[i] & b[i];

@@ -16,8 +16,7 @@ int KeepUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
 int DropUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
               int blocks);
 // out = a & b.  Returns the size.
-int Intersect(const uint64_t* a, const uint64_t* b, int blocks,
-              uint64_t* out);
+int Intersect(const uint64_t* a, const uint64_t* b, int blocks, uint64_t* out);
 int IntersectionSize(const uint64_t* a, const uint64_t* b, int blocks);
 int Size(const uint64_t* set, int blocks);
 // The first block in which a and b meet, or -1.
@@ -27,7 +26,7 @@ int FirstMeeting(const uint64_t* a, const uint64_t* b, int blocks);
 struct RowFilter {
   const uint32_t* rows;
   int lanes;
-  const uint32_t* allowed;  // letter sets by position
+  const uint32_t* allowed;   // letter sets by position
   const uint8_t* positions;  // the positions to check
   int positionCount;
   const int16_t* usedBy;  // by word, -1 for free
@@ -36,7 +35,6 @@ struct RowFilter {
 // Moves the words of list[0..count) that fit and are free to the front, the
 // others behind them; `united` (lanes long) gets the union of the rows that
 // stay.  Returns how many stay.
-int FilterList(const RowFilter& filter, int* list, int count,
-               uint32_t* united);
+int FilterList(const RowFilter& filter, int* list, int count, uint32_t* united);
 
 }  // namespace autofill

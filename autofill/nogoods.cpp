@@ -49,8 +49,7 @@ int Nogoods::Add(const Store& store, const std::vector<Literal>& literals,
 }
 
 bool Nogoods::Visit(Store& store, const Event& event) {
-  for (uint32_t gone = event.before & ~event.after; gone;
-       gone &= gone - 1) {
+  for (uint32_t gone = event.before & ~event.after; gone; gone &= gone - 1) {
     if (!VisitLetter(store, event.cell, std::countr_zero(gone))) return false;
   }
   return true;

@@ -23,8 +23,7 @@ class Nogoods {
 
   // The first literal is the one to deny now, the second one of the latest
   // others.  At least two literals.  Returns the reference.
-  int Add(const Store& store, const std::vector<Literal>& literals,
-          int spread);
+  int Add(const Store& store, const std::vector<Literal>& literals, int spread);
   bool Full(int literals) const {
     return top_ + 2 * literals + kHeader > capacity_;
   }

@@ -24,10 +24,27 @@ void Search::ExplainConflict() {
     chooser_.Bump(failedEntry_);
     int now = static_cast<int>(store_.Events().size());
     explainer_.Explain({failedEntry_, -1, 0, now}, literals_);
+  } else if (failedFill_ >= 0) {
+    ExplainLikeness();
   } else {
     int ref = nogoods_.Violated();
     for (int i = 0; i < nogoods_.SizeOf(ref); ++i) {
       literals_.push_back(nogoods_.At(ref, i));
+    }
+  }
+}
+
+// All entries with the words of the earlier fill.
+void Search::ExplainLikeness() {
+  const Board& board = store_.GetBoard();
+  const std::vector<int>& fill = settings_.earlier[failedFill_];
+  for (int e = 0; e < board.EntryCount(); ++e) {
+    if (!store_.Ours(e) || store_.WordOf(e) != fill[e]) continue;
+    const Entry& entry = board.Entries()[e];
+    for (int k = 0; k < entry.length; ++k) {
+      uint32_t letter = store_.LettersAt(entry.first + k);
+      literals_.push_back(
+          {board.CellOf(entry.first + k), kAllLetters & ~letter});
     }
   }
 }
@@ -123,7 +140,6 @@ void Search::Assert(Literal denied) {
   }
   store_.BackTo(jump);
   visited_ = store_.Events().size();
-  if (getenv("TR")) fprintf(stderr, "len %zu spread %d\n", learnt_.size(), spread);
   int reason = kDecision;
   if (!learnt_.empty()) {
     learnt_.insert(learnt_.begin(), denied);

@@ -102,15 +102,12 @@ bool Store::ReviseList(int entry, uint64_t dirty, bool changed) {
     positions[count++] = static_cast<uint8_t>(std::countr_zero(dirty));
   }
   uint32_t united[(kLongestWord + 3) / 4 * 4];
-  RowFilter filter{table.rows.data(),
-                   table.lanes,
-                   &letters_[board_.Entries()[entry].first],
-                   positions,
-                   count,
-                   usedBy_[table.length].data()};
+  RowFilter filter{
+      table.rows.data(), table.lanes, &letters_[board_.Entries()[entry].first],
+      positions,         count,       usedBy_[table.length].data()};
   Save(entry);
   int before = set.size;
-  if (shared_) set.size = DropSharers(entry);
+  if (limits_.shared) set.size = DropSharers(entry);
   set.size = FilterList(filter, &lists_[set.list], set.size, united);
   if (set.size == 0) return false;
   if (set.size == before && !changed) return true;
@@ -136,7 +133,9 @@ void Store::Commit(int entry, int word) {
   for (int other = 0; other < board_.EntryCount(); ++other) {
     if (Done(other)) continue;
     if (tables_[other] == tables_[entry]) DropUsed(other, word);
-    if (shared_ && sets_[other].listed) Touch(board_.Entries()[other].first, 0);
+    if (limits_.shared && sets_[other].listed) {
+      Touch(board_.Entries()[other].first, 0);
+    }
   }
 }
 
@@ -179,16 +178,17 @@ int Store::DropSharers(int entry) {
 }
 
 int Store::SharerOf(const uint8_t* word, int length, int but) const {
+  int shared = limits_.shared;
   for (int e = 0; e < board_.EntryCount(); ++e) {
     if (e == but || !Done(e)) continue;
     int first = board_.Entries()[e].first;
-    for (int a = 0; a + shared_ <= length; ++a) {
-      for (int b = 0; b + shared_ <= board_.Entries()[e].length; ++b) {
+    for (int a = 0; a + shared <= length; ++a) {
+      for (int b = 0; b + shared <= board_.Entries()[e].length; ++b) {
         int k = 0;
-        while (k < shared_ && letters_[first + b + k] == 1u << word[a + k]) {
+        while (k < shared && letters_[first + b + k] == 1u << word[a + k]) {
           ++k;
         }
-        if (k == shared_) return e;
+        if (k == shared) return e;
       }
     }
   }

@@ -7,13 +7,15 @@ namespace autofill {
 
 constexpr int kNogoodMemory = 1 << 22;
 constexpr int kRestartUnit = 100;
+constexpr int kMoreNogoods = 300;
 
 Search::Search(const Board& board, const WordList& words,
                const Settings& settings)
-    : store_(board, words, settings.minimum, settings.shared),
+    : settings_(settings),
+      store_(board, words, settings.limits),
       nogoods_(board.CellCount(), kNogoodMemory),
       explainer_(store_),
-      chooser_(store_, settings.seed),
+      chooser_(store_, settings.seed, settings_.earlier),
       lost_(board.CellCount()),
       learntLost_(board.CellCount()),
       pending_(static_cast<size_t>(board.CellCount()) * kLetters) {
@@ -28,18 +30,76 @@ SearchStatistics Search::Statistics() const {
 
 bool Search::PropagateAll() {
   while (true) {
-    failedEntry_ = kNone;
+    failedEntry_ = failedFill_ = kNone;
     while (visited_ < store_.Events().size()) {
       Event event = store_.Events()[visited_++];
       if (!nogoods_.Visit(store_, event)) return false;
     }
     int entry = store_.TakeEntry();
-    if (entry < 0) return true;
+    if (entry < 0) return DiffersEnough();
     if (!store_.Revise(entry)) {
       failedEntry_ = entry;
       return false;
     }
   }
+}
+
+// As soon as too many entries have the words of an earlier fill, it fails.
+bool Search::DiffersEnough() {
+  int ours = 0;
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    ours += store_.Ours(e);
+  }
+  for (size_t i = 0; i < settings_.earlier.size(); ++i) {
+    int same = 0;
+    for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+      same += store_.Ours(e) && store_.WordOf(e) == settings_.earlier[i][e];
+    }
+    if (same <= ours - settings_.differ) continue;
+    failedFill_ = static_cast<int>(i);
+    return false;
+  }
+  return true;
+}
+
+bool Search::Propagate() {
+  if (store_.Level() == 0 && !PropagateAll()) impossible_ = true;
+  return !impossible_;
+}
+
+void Search::Rewind() {
+  chooser_.KeepWords();
+  store_.BackTo(0);
+  visited_ = std::min(visited_, store_.Events().size());
+}
+
+void Search::NarrowRoot(int cell, uint32_t letters) {
+  if (store_.LettersOf(cell) & letters) {
+    store_.Narrow(cell, letters, kDecision);
+  } else {
+    impossible_ = true;
+  }
+}
+
+std::vector<int> Search::Words() const {
+  std::vector<int> words(store_.GetBoard().EntryCount(), -1);
+  for (size_t e = 0; e < words.size(); ++e) {
+    int entry = static_cast<int>(e);
+    if (store_.Ours(entry)) words[e] = store_.WordOf(entry);
+  }
+  return words;
+}
+
+Rows Search::Text() const {
+  Rows rows = store_.GetBoard().Text();
+  for (int i = 0; i < store_.GetBoard().CellCount(); ++i) {
+    const Cell& cell = store_.GetBoard().Cells()[i];
+    uint32_t letters = store_.LettersOf(i);
+    if (!std::has_single_bit(letters)) continue;
+    rows[cell.row][cell.column] =
+        static_cast<char>('A' + std::countr_zero(letters));
+  }
+  return rows;
 }
 
 Outcome Search::Run(int64_t work, const std::function<bool()>& stop) {
@@ -59,8 +119,10 @@ Outcome Search::Run(int64_t work, const std::function<bool()>& stop) {
       Restart();
       continue;
     }
-    if (store_.Level() == 0 && nogoods_.Full(1 << 16)) {
+    if (store_.Level() == 0 &&
+        (nogoods_.Count() >= nogoodLimit_ || nogoods_.Full(1 << 16))) {
       nogoods_.Reduce(store_);
+      nogoodLimit_ += kMoreNogoods;
     }
     Literal literal;
     if (!chooser_.Next(literal)) return Outcome::Filled;
@@ -89,10 +151,7 @@ void Search::Restart() {
   ++statistics_.restarts;
   nextRestart_ =
       statistics_.fails + kRestartUnit * Luby(statistics_.restarts + 1);
-  chooser_.KeepWords();
-  store_.BackTo(0);
-  visited_ = store_.Events().size();
-  chooser_.Restart(static_cast<int>(statistics_.restarts));
+  Rewind();
 }
 
 }  // namespace autofill

@@ -27,30 +27,42 @@ enum class Outcome { Filled, Impossible, Paused, Stopped };
 class Search {
  public:
   struct Settings {
-    int minimum = 0;
-    int shared = 0;
+    Limits limits;
     uint64_t seed = 1;
+    // Fills, as words by entry, from which ours must differ in so many
+    // entries.
+    std::vector<std::vector<int>> earlier;
+    int differ = 0;
   };
   Search(const Board& board, const WordList& words, const Settings& settings);
 
   // Goes on until it is decided, `work` more units are done (Paused) or
   // `stop` says so; stop is asked about every 100 microseconds.
   Outcome Run(int64_t work, const std::function<bool()>& stop);
-  // Only propagates level 0: Impossible or Paused (or Filled).
-  Outcome Propagate();
+  // Only propagates level 0; false when that shows that there is no fill.
+  bool Propagate();
+
+  // Back to level 0; what was tried comes first again.
+  void Rewind();
+  uint32_t RootLetters(int cell) const { return store_.LettersOf(cell); }
+  void NarrowRoot(int cell, uint32_t letters);
+  // The words by entry, once filled; -1 for entries that aren't ours.
+  std::vector<int> Words() const;
+  Rows Text() const;
 
   int64_t Work() const { return store_.revisions + 8 * statistics_.fails; }
   SearchStatistics Statistics() const;
   const Store& State() const { return store_; }
   const Chooser& Choices() const { return chooser_; }
 
-  const Explainer& Ex() const {return explainer_;}
  private:
   static constexpr int kNone = -1;
 
   bool PropagateAll();
+  bool DiffersEnough();
   bool LearnAndJump();
   void ExplainConflict();
+  void ExplainLikeness();
   bool FindLevel();
   void Resolve();
   Literal ResolveEvents();
@@ -60,15 +72,18 @@ class Search {
   bool RestartDue() const;
   void Restart();
 
+  Settings settings_;
   Store store_;
   Nogoods nogoods_;
   Explainer explainer_;
   Chooser chooser_;
   SearchStatistics statistics_;
   bool impossible_ = false;
-  size_t visited_ = 0;      // events that the nogoods have seen
-  int failedEntry_ = kNone;  // the conflict: an entry or a nogood
+  size_t visited_ = 0;  // events that the nogoods have seen
+  // The conflict: an entry, or a fill that is too like, or a nogood.
+  int failedEntry_ = kNone, failedFill_ = kNone;
   int64_t nextRestart_ = 0;
+  int nogoodLimit_ = 1000;
   // The conflict being resolved.
   int level_ = 0, start_ = 0, outstanding_ = 0;
   std::vector<Literal> literals_, learnt_;

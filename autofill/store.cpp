@@ -7,9 +7,8 @@
 
 namespace autofill {
 
-Store::Store(const Board& board, const WordList& words, int minimum,
-             int shared)
-    : board_(board), minimum_(minimum), shared_(shared) {
+Store::Store(const Board& board, const WordList& words, const Limits& limits)
+    : board_(board), limits_(limits) {
   for (const Entry& entry : board.Entries()) {
     tables_.push_back(&words.OfLength(entry.length));
   }
@@ -43,7 +42,7 @@ void Store::Allocate() {
     const LengthTable& table = *tables_[e];
     WordSet& set = sets_[e];
     usedBy_[table.length].assign(table.count, -1);
-    set.size = table.CountFrom(minimum_);
+    set.size = table.CountFrom(limits_.minimum);
     set.bits = bits;
     set.list = e * kListSize;
     set.forced = true;
@@ -65,11 +64,15 @@ void Store::Allocate() {
 }
 
 // Entries that came complete aren't ours: their words are only in use.
+// Those that needn't be filled have no word, which the table's end stands
+// for.
 void Store::UseGiven() {
   for (int e = 0; e < board_.EntryCount(); ++e) {
-    if (!board_.Entries()[e].given) continue;
+    bool active = limits_.active.empty() || limits_.active[e];
+    if (!board_.Entries()[e].given && active) continue;
     int word = tables_[e]->Find(board_.Mask(e));
     WordSet& set = sets_[e];
+    set.ours = false;
     set.size = 1;
     set.dirty = 0;
     set.committed = word < 0 ? tables_[e]->count : word;
@@ -86,10 +89,9 @@ void Store::UseGiven() {
 
 void Store::Push() {
   if (levels_.empty()) KeepRoot();
-  levels_.push_back({static_cast<int>(events_.size()),
-                     static_cast<int>(saved_.size()),
-                     static_cast<int>(commits_.size()), savedTop_,
-                     ++nextStamp_});
+  levels_.push_back(
+      {static_cast<int>(events_.size()), static_cast<int>(saved_.size()),
+       static_cast<int>(commits_.size()), savedTop_, ++nextStamp_});
 }
 
 void Store::KeepRoot() {
@@ -119,8 +121,7 @@ void Store::BackTo(int level) {
       if (position >= 0) letters_[position] = event.before;
     }
   }
-  for (; static_cast<int>(commits_.size()) > to.commits;
-       commits_.pop_back()) {
+  for (; static_cast<int>(commits_.size()) > to.commits; commits_.pop_back()) {
     WordSet& set = sets_[commits_.back()];
     usedBy_[tables_[commits_.back()]->length][set.committed] = -1;
     set.committed = -1;
@@ -210,8 +211,7 @@ void Store::ClearQueue() {
     WordSet& set = sets_[entry];
     set.queued = false;
     for (; set.dirty; set.dirty &= set.dirty - 1) {
-      removed_[board_.Entries()[entry].first +
-               std::countr_zero(set.dirty)] = 0;
+      removed_[board_.Entries()[entry].first + std::countr_zero(set.dirty)] = 0;
     }
   }
   queue_.clear();

@@ -35,11 +35,16 @@ struct Event {
   int reason;
 };
 
+struct Limits {
+  int minimum = 0;  // words that score less don't exist
+  int shared = 0;   // two entries may not share a run of so many letters
+  // By entry: whether it has to be filled; empty for all.
+  std::vector<char> active;
+};
+
 class Store {
  public:
-  // `shared`: two entries may not share a run of so many letters; 0 for no
-  // limit.  Words that score less than `minimum` don't exist.
-  Store(const Board& board, const WordList& words, int minimum, int shared);
+  Store(const Board& board, const WordList& words, const Limits& limits);
 
   // Narrowing.  Revise says false when the entry has no word left, which
   // empties the queue.
@@ -68,7 +73,9 @@ class Store {
   // Words.
   const LengthTable& TableOf(int entry) const { return *tables_[entry]; }
   int SizeOf(int entry) const { return sets_[entry].size; }
+  // Filled, or not ours to fill.
   bool Done(int entry) const { return sets_[entry].committed >= 0; }
+  bool Ours(int entry) const { return sets_[entry].ours; }
   int WordOf(int entry) const { return sets_[entry].committed; }
   bool Has(int entry, int word) const;
   // The entry that uses a word of a length, or -1.
@@ -87,7 +94,7 @@ class Store {
   RootSet RootOf(int entry) const;
 
   const Board& GetBoard() const { return board_; }
-  int Shared() const { return shared_; }
+  int Shared() const { return limits_.shared; }
   // Whether a word has a run of Shared() letters that is in use; -1 for no,
   // else the entry that has it.
   int SharerOf(const uint8_t* word, int length, int but) const;
@@ -99,6 +106,7 @@ class Store {
     int size = 0;
     int rootSize = 0;
     int committed = -1;  // the word, once it is the only one
+    bool ours = true;
     bool listed = false;
     bool rootListed = false;
     bool forced = false;  // read the letters even if no word goes
@@ -134,7 +142,7 @@ class Store {
   void KeepRoot();
 
   const Board& board_;
-  int minimum_, shared_;
+  Limits limits_;
   std::vector<const LengthTable*> tables_;
   std::vector<uint32_t> letters_;  // by position
   std::vector<uint32_t> removed_;  // by position, since the last revision
@@ -144,7 +152,7 @@ class Store {
   std::vector<WordSet> sets_;
   std::vector<uint64_t> bits_, rootBits_, savedBits_;
   std::vector<int> lists_;
-  std::vector<int> residues_;  // by position and letter
+  std::vector<int> residues_;                 // by position and letter
   std::vector<std::vector<int16_t>> usedBy_;  // by length and word
   std::vector<int> queue_, commits_;
   std::vector<Saved> saved_;

@@ -30,8 +30,9 @@ int LengthTable::Find(std::string_view word) const {
 
 std::string LengthTable::Text(int word) const {
   std::string text(length, ' ');
-  std::transform(Letters(word), Letters(word) + length, text.begin(),
-                 [](uint8_t letter) { return static_cast<char>('A' + letter); });
+  std::transform(
+      Letters(word), Letters(word) + length, text.begin(),
+      [](uint8_t letter) { return static_cast<char>('A' + letter); });
   return text;
 }
 

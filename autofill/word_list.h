@@ -28,8 +28,8 @@ constexpr uint32_t kAllLetters = (1u << kLetters) - 1;
 struct LengthTable {
   int length = 0;
   int count = 0;
-  int blocks = 0;  // 64-bit blocks of a bitset over the words
-  int lanes = 0;   // length, rounded up to a multiple of four
+  int blocks = 0;                 // 64-bit blocks of a bitset over the words
+  int lanes = 0;                  // length, rounded up to a multiple of four
   std::vector<uint8_t> scores;    // by word
   std::vector<uint8_t> letters;   // count x length, 0..25
   std::vector<uint32_t> rows;     // count x lanes, each letter as one bit
@@ -43,8 +43,7 @@ struct LengthTable {
     return &rows[static_cast<size_t>(word) * lanes];
   }
   const uint64_t* Support(int position, int letter) const {
-    return &support[static_cast<size_t>(position * kLetters + letter) *
-                    blocks];
+    return &support[static_cast<size_t>(position * kLetters + letter) * blocks];
   }
   // How many words score at least `score`: those are words 0..n-1.
   int CountFrom(int score) const;
