@@ -92,12 +92,12 @@ TEST(Fill, SaysWhyNot) {
       {{"Q.X"}, {"CAT"}, "1A (Q?X) has no word"},
       {{"...", "###", "..."},
        {"CAT"},
-       "no words fit 1A (???) and 2A (???) together"},
+       "no words fit 1A (?\?\?) and 2A (?\?\?) together"},
       {{"CAT", "###", "CAT"}, {"CAT"}, "1A and 2A are both CAT"},
-      {{"C..", "A##", "T##"}, {"CAT"}, "1A (C??) has no word"},
+      {{"C..", "A##", "T##"}, {"CAT"}, "1A (C?\?) has no word"},
       {{"C..", ".##", "T##"},
        {"CAT"},
-       "no words fit 1A (C??) and 1D (C?T) together"},
+       "no words fit 1A (C?\?) and 1D (C?T) together"},
   };
   for (const Case& c : cases) {
     Result result = Fill(c.rows, ListOf(c.words), {});

@@ -10,6 +10,10 @@ namespace autofill {
 
 // False when the conflict holds at level 0: there is no fill.
 bool Search::LearnAndJump() {
+  if (store_.Level() == 0) {
+    if (failedEntry_ >= 0) chooser_.Bump(failedEntry_);
+    return false;
+  }
   ExplainConflict();
   if (!FindLevel()) return false;
   for (Literal literal : literals_) Mark(literal);

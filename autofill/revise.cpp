@@ -28,6 +28,7 @@ bool Store::Revise(int entry) {
 
 bool Store::ReviseBits(int entry) {
   WordSet& set = sets_[entry];
+  if (set.size == 0) return false;
   Save(entry);
   int before = set.size;
   for (; set.dirty; set.dirty &= set.dirty - 1) {

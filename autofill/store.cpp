@@ -48,7 +48,7 @@ void Store::Allocate() {
     set.forced = true;
     bits += table.blocks;
   }
-  bits_.assign(bits, 0);
+  bits_.assign(bits + 1, 0);  // a length without words has a place too
   for (const WordSet& set : sets_) {
     uint64_t* own = &bits_[set.bits];
     std::fill(own, own + set.size / 64, ~uint64_t{0});
