@@ -122,15 +122,30 @@ bool WordListBuilder::Add(std::string_view word, int score, int minimum,
   return true;
 }
 
-static void SetWord(LengthTable& table, int word, const char* text) {
-  for (int p = 0; p < table.length; ++p) {
-    int letter = text[p] - 'A';
-    table.letters[static_cast<size_t>(word) * table.length + p] =
-        static_cast<uint8_t>(letter);
-    table.rows[static_cast<size_t>(word) * table.lanes + p] = 1u << letter;
-    size_t bitset = static_cast<size_t>(p * kLetters + letter) * table.blocks;
-    table.support[bitset + word / 64] |= uint64_t{1} << (word % 64);
-    ++table.supportCount[p * kLetters + letter];
+static void SetSize(LengthTable& table, int words) {
+  table.count = words;
+  table.blocks = (table.count + 63) / 64;
+  size_t count = table.count, bitsets = size_t{kLetters} * table.length;
+  table.scores.resize(count);
+  table.letters.resize(count * table.length);
+  table.rows.resize(count * table.lanes);
+  table.support.resize(bitsets * table.blocks);
+  table.supportCount.resize(bitsets);
+}
+
+// Rows and supports from the letters, front to back.
+static void IndexWords(LengthTable& table) {
+  for (int word = 0; word < table.count; ++word) {
+    const uint8_t* letters = table.Letters(word);
+    uint32_t* row = &table.rows[static_cast<size_t>(word) * table.lanes];
+    uint64_t* block = &table.support[word / 64];
+    uint64_t bit = uint64_t{1} << (word % 64);
+    for (int p = 0; p < table.length; ++p) {
+      int bitset = p * kLetters + letters[p];
+      row[p] = 1u << letters[p];
+      block[static_cast<size_t>(bitset) * table.blocks] |= bit;
+      ++table.supportCount[bitset];
+    }
   }
 }
 
@@ -165,15 +180,7 @@ WordList WordListBuilder::Build() {
   for (int length = kShortestWord; length <= kLongestWord; ++length) {
     auto& row = next[length];
     std::partial_sum(row.begin(), row.end(), row.begin());
-    LengthTable& table = list.tables_[length];
-    table.count = row.back();
-    table.blocks = (table.count + 63) / 64;
-    size_t count = table.count, bitsets = size_t{kLetters} * length;
-    table.scores.resize(count);
-    table.letters.resize(count * length);
-    table.rows.resize(count * table.lanes);
-    table.support.resize(bitsets * table.blocks);
-    table.supportCount.resize(bitsets);
+    SetSize(list.tables_[length], row.back());
   }
   std::vector<std::array<Spread, kBestScore + 1>> spreads(kLongestWord + 1);
   for (int length = kShortestWord; length <= kLongestWord; ++length) {
@@ -183,10 +190,15 @@ WordList WordListBuilder::Build() {
   }
   for (const Entry& e : entries_) {
     if (!e.wanted) continue;
+    LengthTable& table = list.tables_[e.length];
     int word = spreads[e.length][kBestScore - e.score].Next();
-    list.tables_[e.length].scores[word] = e.score;
-    SetWord(list.tables_[e.length], word, &text_[e.start]);
+    table.scores[word] = e.score;
+    uint8_t* letters = &table.letters[static_cast<size_t>(word) * e.length];
+    for (int p = 0; p < e.length; ++p) {
+      letters[p] = static_cast<uint8_t>(text_[e.start + p] - 'A');
+    }
   }
+  for (LengthTable& table : list.tables_) IndexWords(table);
   return list;
 }
 
