@@ -27,6 +27,9 @@ int Run(int argc, char** argv) {
   AddMatchCommand(app, status);
   AddWordsCommand(app, status);
   AddUnpackCommand(app, status);
+#ifdef KELDA_DRAWS
+  AddSheetCommand(app, status);
+#endif
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -93,6 +94,73 @@ class Picture {
   // A cell's clue number (0 for none) and letter, in place of those that
   // were there.
   virtual void CellText(Pos cell, int number, char letter) = 0;
+};
+
+// A rectangle, in twips.
+struct Box {
+  int left = 0, top = 0, right = 0, bottom = 0;
+  bool operator==(const Box&) const = default;
+};
+
+struct TextStyle {
+  double points = 10;  // font size
+  bool bold = false;
+  bool fixedPitch = false;  // as wide as Courier New: 0.6 of the font size
+};
+
+// Pages to draw on.  Positions are twips from the top left of the part of a
+// page that can be printed on.
+class Canvas {
+ public:
+  virtual ~Canvas() = default;
+
+  // The part of a page that can be printed on.
+  virtual int Width() const = 0;
+  virtual int Height() const = 0;
+
+  virtual int TextWidth(std::string_view text,
+                        const TextStyle& style) const = 0;
+
+  // A line of a width along the edges of a box, half of it outside.
+  virtual void Outline(const Box& box, Colour colour, int width) = 0;
+  virtual void Fill(const Box& box, Colour colour) = 0;
+  // A line of ISO 8859-1 text, black, whose top left is at (x, y).
+  virtual void Text(int x, int y, std::string_view text,
+                    const TextStyle& style) = 0;
+  // Goes on to the next page.
+  virtual void NewPage() = 0;
+};
+
+// Why nothing came out of the printer, in plain words for the user.
+class PrintError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The system's default printer.  Each call throws PrintError where it fails.
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  // Begins a document on the printer's paper.  The canvas holds until Send.
+  virtual Canvas& Begin(std::string_view title) = 0;
+  // Ends the document and sends it to the printer.
+  virtual void Send() = 0;
+  // Waits a moment for word of what was sent; true when it is printed, or
+  // takes so long that there is no point in waiting for more.
+  virtual bool Settled() = 0;
+};
+
+// The system's clipboard, for bitmaps of the grid picture.
+class BitmapClipboard {
+ public:
+  virtual ~BitmapClipboard() = default;
+
+  // Puts the grid picture's pixels on the clipboard.
+  virtual void CopyPicture() = 0;
+  // The clipboard's bitmap as the bytes of a .bmp file.
+  virtual std::string Bitmap() = 0;
+  virtual void Empty() = 0;
 };
 
 struct Ports {

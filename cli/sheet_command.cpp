@@ -1,0 +1,82 @@
+// kelda-cli sheet: the printed sheet, as text, as a file or on paper.
+
+#include <iostream>
+
+#include "cli/commands.h"
+#include "cli/drawing_session.h"
+#include "cli/session.h"
+#include "files/sheet.h"
+#include "view/qt_draw_pages.h"
+
+namespace {
+
+struct Options {
+  std::string puzzle;
+  std::string output;
+  std::string paper = "a4";
+  bool gridOnly = false;
+  bool text = false;
+};
+
+std::string SheetFile(const State& state, const Options& options,
+                      FileKind kind) {
+  const Paper& paper = options.paper == "a4" ? kA4 : kLetter;
+  const SheetMode mode =
+      options.gridOnly ? SheetMode::GridOnly : SheetMode::Full;
+  const DrawPages draw = [&](Canvas& canvas) {
+    DrawSheet(state, mode, canvas);
+  };
+  switch (kind) {
+    case FileKind::Svg:
+      return PagesAsSvg(paper, state.Text5, draw);
+    case FileKind::Png:
+      return PagesAsPng(paper, draw);
+    default:
+      return PagesAsPdf(paper, state.Text5, draw);
+  }
+}
+
+int RunSheet(const Options& options) {
+  CliSession session;
+  session.OpenPuzzle(options.puzzle);
+  if (options.output.empty()) {
+    for (const std::string& line : ClueLines(session.state))
+      std::cout << line << "\n";
+    return kDone;
+  }
+  const FileKind kind = KindOf(options.output, FileKind::Pdf);
+  const DrawingSession drawing;
+  WriteOutput(options.output, SheetFile(session.state, options, kind));
+  return kDone;
+}
+
+}  // namespace
+
+void AddSheetCommand(CLI::App& app, int& status) {
+  auto options = std::make_shared<Options>();
+  CLI::App* command = app.add_subcommand(
+      "sheet", "Draw the sheet that is printed: the grid and the clue lists.");
+  command->footer(
+      "Without -o, prints the lines of the clue lists.  An SVG or PNG file\n"
+      "has further pages below the first.  No window or display is needed.\n"
+      "Example: kelda-cli sheet puzzle.kdp -o puzzle.pdf --paper letter");
+  command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
+  CLI::Option* gridOnly = command->add_flag("--grid-only", options->gridOnly,
+                                            "Without clue numbers and lists");
+  CLI::Option* output =
+      command
+          ->add_option("-o,--output", options->output,
+                       "File to write: .pdf, .svg or .png; - is a PDF file on "
+                       "standard output")
+          ->check(CheckKind({FileKind::Pdf, FileKind::Svg, FileKind::Png}));
+  command
+      ->add_flag("--text", options->text,
+                 "Print the lines of the clue lists (the default)")
+      ->excludes(output)
+      ->excludes(gridOnly);
+  gridOnly->needs(output);
+  command->add_option("--paper", options->paper, "a4 or letter")
+      ->transform(CLI::IsMember({"a4", "letter"}, CLI::ignore_case))
+      ->capture_default_str();
+  command->callback([options, &status] { status = RunSheet(*options); });
+}
