@@ -29,6 +29,7 @@ int Run(int argc, char** argv) {
   AddUnpackCommand(app, status);
 #ifdef KELDA_DRAWS
   AddSheetCommand(app, status);
+  AddPictureCommand(app, status);
 #endif
   try {
     app.parse(argc, argv);

@@ -151,6 +151,15 @@ class Printer {
   virtual bool Settled() = 0;
 };
 
+// What a picture of the puzzle is made as.
+enum class PictureKind { Png, Svg, Bmp };
+
+struct PictureChoice {
+  PictureKind kind = PictureKind::Png;
+  double scale = 1;  // 1 is as on the screen
+  bool letters = true;
+};
+
 // The system's clipboard, for bitmaps of the grid picture.
 class BitmapClipboard {
  public:
