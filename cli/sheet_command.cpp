@@ -7,6 +7,7 @@
 #include "cli/session.h"
 #include "files/sheet.h"
 #include "view/qt_draw_pages.h"
+#include "view/qt_draw_printer.h"
 
 namespace {
 
@@ -16,15 +17,18 @@ struct Options {
   std::string paper = "a4";
   bool gridOnly = false;
   bool text = false;
+  bool print = false;
 };
+
+SheetMode ModeOf(const Options& options) {
+  return options.gridOnly ? SheetMode::GridOnly : SheetMode::Full;
+}
 
 std::string SheetFile(const State& state, const Options& options,
                       FileKind kind) {
   const Paper& paper = options.paper == "a4" ? kA4 : kLetter;
-  const SheetMode mode =
-      options.gridOnly ? SheetMode::GridOnly : SheetMode::Full;
   const DrawPages draw = [&](Canvas& canvas) {
-    DrawSheet(state, mode, canvas);
+    DrawSheet(state, ModeOf(options), canvas);
   };
   switch (kind) {
     case FileKind::Svg:
@@ -36,9 +40,18 @@ std::string SheetFile(const State& state, const Options& options,
   }
 }
 
+int PrintSheet(CliSession& session, const Options& options) {
+  const DrawingSession drawing;
+  DefaultPrinter printer;
+  return PrintPuzzle(session.state, session.host, printer, ModeOf(options))
+             ? kDone
+             : kNotCompleted;
+}
+
 int RunSheet(const Options& options) {
   CliSession session;
   session.OpenPuzzle(options.puzzle);
+  if (options.print) return PrintSheet(session, options);
   if (options.output.empty()) {
     for (const std::string& line : ClueLines(session.state))
       std::cout << line << "\n";
@@ -61,20 +74,17 @@ void AddSheetCommand(CLI::App& app, int& status) {
       "has further pages below the first.  No window or display is needed.\n"
       "Example: kelda-cli sheet puzzle.kdp -o puzzle.pdf --paper letter");
   command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
-  CLI::Option* gridOnly = command->add_flag("--grid-only", options->gridOnly,
-                                            "Without clue numbers and lists");
-  CLI::Option* output =
-      command
-          ->add_option("-o,--output", options->output,
-                       "File to write: .pdf, .svg or .png; - is a PDF file on "
-                       "standard output")
-          ->check(CheckKind({FileKind::Pdf, FileKind::Svg, FileKind::Png}));
-  command
-      ->add_flag("--text", options->text,
-                 "Print the lines of the clue lists (the default)")
-      ->excludes(output)
-      ->excludes(gridOnly);
-  gridOnly->needs(output);
+  command->add_flag("--grid-only", options->gridOnly,
+                    "Without clue numbers and lists");
+  auto* kind = command->add_option_group("kind", "What becomes of the sheet");
+  kind->add_option("-o,--output", options->output,
+                   "File to write: .pdf, .svg or .png; - is a PDF file on "
+                   "standard output")
+      ->check(CheckKind({FileKind::Pdf, FileKind::Svg, FileKind::Png}));
+  kind->add_flag("--text", options->text,
+                 "Print the lines of the clue lists (the default)");
+  kind->add_flag("--print", options->print, "Print on the default printer");
+  kind->require_option(0, 1);
   command->add_option("--paper", options->paper, "a4 or letter")
       ->transform(CLI::IsMember({"a4", "letter"}, CLI::ignore_case))
       ->capture_default_str();

@@ -182,11 +182,11 @@ void DrawSheet(const State& state, SheetMode mode, Canvas& canvas,
   ListPages(canvas, title, listTop).Draw(ClueLines(state));
 }
 
-void PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode) {
+bool PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode) {
   host.Pointer(PointerShape::Hourglass);
   const int n = state.GridSize;
   state.ProgBar = {0, static_cast<double>(n * n), "Printing..."};
-  std::string outcome = "Printing completed";
+  std::string failure;
   try {
     // What the user edits meanwhile does not reach the paper.
     const State sheet = state;
@@ -197,10 +197,11 @@ void PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode) {
     printer.Send();
     while (!printer.Settled()) host.RunEvents();
   } catch (const PrintError& error) {
-    outcome = error.what();
+    failure = error.what();
   }
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "";
   host.Pointer(PointerShape::Normal);
-  host.Tell(outcome);
+  host.Tell(failure.empty() ? "Printing completed" : failure);
+  return failure.empty();
 }

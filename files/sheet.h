@@ -32,5 +32,5 @@ void DrawSheet(const State& state, SheetMode mode, Canvas& canvas,
                const CellDrawn& cellDrawn = {});
 
 // Prints the sheet on the default printer and says "Printing completed", or
-// why nothing was printed.
-void PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode);
+// why nothing was printed; returns whether it was.
+bool PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode);

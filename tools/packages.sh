@@ -3,10 +3,14 @@ build_packages=(
   g++ cmake ninja-build python3          # tools
   libcli11-dev nlohmann-json3-dev        # command line
   qt6-base-dev                           # window, paper and pictures
+  libcups2-dev fonts-liberation2         # printing, and its fonts
   scowl                                  # word lists
 )
 test_packages=(
   libgtest-dev librapidcheck-dev         # unit and property tests
   libbenchmark-dev                       # benchmarks
+  cups cups-client cups-filters          # a print service for the tests
+  ghostscript printer-driver-cups-pdf
+  poppler-utils xvfb xauth               # looking at pages and windows
   clang-14 libclang-rt-14-dev            # fuzz targets
 )

@@ -6,6 +6,7 @@
 #include <QPdfWriter>
 #include <cmath>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 #include "view/qt_draw_canvas.h"
@@ -85,24 +86,51 @@ QImage Stacked(const std::vector<QImage>& pages) {
 
 }  // namespace
 
+struct PdfDocument::Parts {
+  Parts(const Paper& paper, std::string_view title)
+      : plan(PlanFor(paper)), buffer(&bytes), writer(Opened(buffer)) {
+    writer.setResolution(kTwipsPerInch);
+    writer.setPageLayout(LayoutOf(paper));
+    writer.setTitle(FromText(title));
+    writer.setCreator("Kelda");
+    painter.begin(&writer);
+    painter.scale(plan.scale, plan.scale);
+    canvas.emplace(painter, plan.width, plan.height,
+                   [this] { writer.newPage(); });
+  }
+
+  static QBuffer* Opened(QBuffer& buffer) {
+    buffer.open(QIODevice::WriteOnly);
+    return &buffer;
+  }
+
+  PagePlan plan;
+  QByteArray bytes;
+  QBuffer buffer;
+  QPdfWriter writer;
+  QPainter painter;
+  std::optional<PainterCanvas> canvas;
+};
+
+PdfDocument::PdfDocument(const Paper& paper, std::string_view title)
+    : parts_(std::make_unique<Parts>(paper, title)) {}
+
+PdfDocument::~PdfDocument() = default;
+
+Canvas& PdfDocument::Pages() {
+  return *parts_->canvas;
+}
+
+std::string PdfDocument::Finish() {
+  parts_->painter.end();
+  return Bytes(parts_->bytes);
+}
+
 std::string PagesAsPdf(const Paper& paper, std::string_view title,
                        const DrawPages& draw) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  QPdfWriter writer(&buffer);
-  writer.setResolution(kTwipsPerInch);
-  writer.setPageLayout(LayoutOf(paper));
-  writer.setTitle(FromText(title));
-  writer.setCreator("Kelda");
-  const PagePlan plan = PlanFor(paper);
-  QPainter painter(&writer);
-  painter.scale(plan.scale, plan.scale);
-  PainterCanvas canvas(painter, plan.width, plan.height,
-                       [&] { writer.newPage(); });
-  draw(canvas);
-  painter.end();
-  return Bytes(bytes);
+  PdfDocument document(paper, title);
+  draw(document.Pages());
+  return document.Finish();
 }
 
 std::string PagesAsSvg(const Paper& paper, std::string_view title,

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "grid/ports.h"
@@ -19,11 +20,26 @@ struct Paper {
 inline constexpr Paper kA4{11906, 16838};
 inline constexpr Paper kLetter{12240, 15840};
 
+// A PDF file in the making.
+class PdfDocument {
+ public:
+  // The title is the document's name, in ISO 8859-1.
+  PdfDocument(const Paper& paper, std::string_view title);
+  ~PdfDocument();
+
+  Canvas& Pages();
+  // Ends the document and returns the bytes of the file.
+  std::string Finish();
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
 using DrawPages = std::function<void(Canvas&)>;
 
 // Each returns the bytes of a file.  A PDF file has the pages one after
-// another, the others one below the other in a single picture.  The title is
-// the document's name, in ISO 8859-1.
+// another, the others one below the other in a single picture.
 std::string PagesAsPdf(const Paper& paper, std::string_view title,
                        const DrawPages& draw);
 std::string PagesAsSvg(const Paper& paper, std::string_view title,
