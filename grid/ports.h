@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -170,6 +172,27 @@ class BitmapClipboard {
   // The clipboard's bitmap as the bytes of a .bmp file.
   virtual std::string Bitmap() = 0;
   virtual void Empty() = 0;
+};
+
+using DrawPages = std::function<void(Canvas&)>;
+
+struct State;
+
+// Makes files of the puzzle and shows its pages.
+class Publisher {
+ public:
+  virtual ~Publisher() = default;
+
+  // The bytes of a PDF file, on the paper that the user usually prints on.
+  virtual std::string Pdf(std::string_view title, const DrawPages& draw) = 0;
+  // Asks what a picture is to be like; nothing when cancelled.
+  virtual std::optional<PictureChoice> AskPicture(int gridSize) = 0;
+  // The bytes of a picture file.
+  virtual std::string PictureFile(const State& state,
+                                  const PictureChoice& choice) = 0;
+  // Shows pages until the user has seen enough; returns whether they are to
+  // be printed.
+  virtual bool Preview(const DrawPages& draw) = 0;
 };
 
 struct Ports {

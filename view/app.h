@@ -6,12 +6,21 @@
 #include "dictionary/word_table.h"
 #include "grid/state.h"
 
+// What only some programs can do; a command that needs what is not there
+// does nothing.
+struct Outlets {
+  Printer* printer = nullptr;
+  BitmapClipboard* clipboard = nullptr;
+  Publisher* publisher = nullptr;
+};
+
 struct App {
   State state;
   WordTable words;
   Host& host;
   Picture& picture;
   bool taskRuns = false;  // a command has started and not ended
+  Outlets outlets = {};
 
   Ports ports() { return {host, picture}; }
 };

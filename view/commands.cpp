@@ -5,7 +5,9 @@
 
 #include "dictionary/find_word.h"
 #include "dictionary/read_dictionary.h"
+#include "files/publish.h"
 #include "files/puzzle_file.h"
+#include "files/sheet.h"
 #include "grid/drawing.h"
 #include "grid/new_grid.h"
 #include "grid/slots.h"
@@ -33,7 +35,7 @@ void Choose(App& app) {
 }
 
 void TellFoundWord(App& app) {
-  app.host.Tell(FindWord(app.words, app.state.Text4).message);
+  app.host.Tell(FindWordMessage(app.words, app.state.Text4));
 }
 
 void Check(App& app) {
@@ -51,6 +53,38 @@ void Halt(App& app) {
   app.host.Pointer(PointerShape::Normal);
 }
 
+void PrintGrid(App& app) {
+  if (!app.outlets.printer) return;
+  if (app.host.AskYesNo("Do you want to print grid?"))
+    PrintPuzzle(app.state, app.host, *app.outlets.printer, SheetMode::GridOnly);
+}
+
+void PrintSolution(App& app) {
+  if (!app.outlets.printer) return;
+  if (app.host.AskYesNo("Do you want to print solution?"))
+    PrintPuzzle(app.state, app.host, *app.outlets.printer, SheetMode::Full);
+}
+
+void CopyPicture(App& app) {
+  if (app.outlets.clipboard) CopyToBitmap(app.host, *app.outlets.clipboard);
+}
+
+void ShowPreview(App& app) {
+  const Outlets& outlets = app.outlets;
+  if (outlets.publisher && outlets.printer)
+    PreviewSheet(app.state, app.host, *outlets.publisher, *outlets.printer);
+}
+
+void SavePdf(App& app) {
+  if (app.outlets.publisher)
+    SaveAsPdf(app.state, app.host, *app.outlets.publisher);
+}
+
+void SavePicture(App& app) {
+  if (app.outlets.publisher)
+    SaveAsPicture(app.state, app.host, *app.outlets.publisher);
+}
+
 void DoNothing(App&) {}
 
 constexpr auto kIdle = MayRun::WhenIdle;
@@ -60,6 +94,8 @@ constexpr Command kCommands[] = {
     {"Command2", "Draw", "Draw a grid", kIdle, Draw},
     {"Command22", "Clear", "Clear all words, leave balck squares intact", kIdle,
      Clear},
+    {"Command7", "Print", "Print the grid with black squares", kIdle,
+     PrintGrid},
     // DICTIONARY
     {"DictOpt(0)", "Level1", "", kIdle, Choose<0>},
     {"DictOpt(1)", "Level2", "", kIdle, Choose<1>},
@@ -83,6 +119,8 @@ constexpr Command kCommands[] = {
     {"solx(2)", "Resume", "", kIdle, Solve<StartLocation::Resume>},
     {"solx(4)", "Cancel", "", kIdle, DoNothing},
     {"Command8", "Halt", "Halt the current solution", MayRun::Always, Halt},
+    {"Command18", "Print", "Print grid with black squares and letters", kIdle,
+     PrintSolution},
     // Main menu
     {"loadx", "Load", "", kIdle,
      [](App& app) { LoadPuzzle(app.state, app.ports()); }},
@@ -90,6 +128,10 @@ constexpr Command kCommands[] = {
      [](App& app) { UpdatePuzzle(app.state, app.ports()); }},
     {"savex", "Save As", "", kIdle,
      [](App& app) { SavePuzzleAs(app.state, app.ports()); }},
+    {"copx", "Copy to Bitmap", "", kIdle, CopyPicture},
+    {"previewx", "Print Preview", "", kIdle, ShowPreview},
+    {"pdfx", "Save as PDF", "", kIdle, SavePdf},
+    {"picturex", "Save as Picture", "", kIdle, SavePicture},
     // Debug panel
     {"Command3", "CheckAllMasks", "", kIdle,
      [](App& app) { CheckAllMasks(app.state, app.words, app.host); }},

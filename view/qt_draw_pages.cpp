@@ -84,19 +84,43 @@ QImage Stacked(const std::vector<QImage>& pages) {
   return all;
 }
 
+// A canvas on the pages of a device.
+class PagedCanvas {
+ public:
+  PagedCanvas(QPagedPaintDevice& device, const Paper& paper)
+      : plan_(PlanFor(paper)),
+        painter_(Prepared(device, paper)),
+        canvas(painter_, plan_.width, plan_.height,
+               [&device] { device.newPage(); }) {
+    const double unit = plan_.scale * device.logicalDpiX() / kTwipsPerInch;
+    painter_.scale(unit, unit);
+  }
+
+  void End() { painter_.end(); }
+
+ private:
+  static QPagedPaintDevice* Prepared(QPagedPaintDevice& device,
+                                     const Paper& paper) {
+    device.setPageLayout(LayoutOf(paper));
+    return &device;
+  }
+
+  PagePlan plan_;
+  QPainter painter_;
+
+ public:
+  PainterCanvas canvas;
+};
+
 }  // namespace
 
 struct PdfDocument::Parts {
   Parts(const Paper& paper, std::string_view title)
-      : plan(PlanFor(paper)), buffer(&bytes), writer(Opened(buffer)) {
+      : buffer(&bytes), writer(Opened(buffer)) {
     writer.setResolution(kTwipsPerInch);
-    writer.setPageLayout(LayoutOf(paper));
     writer.setTitle(FromText(title));
     writer.setCreator("Kelda");
-    painter.begin(&writer);
-    painter.scale(plan.scale, plan.scale);
-    canvas.emplace(painter, plan.width, plan.height,
-                   [this] { writer.newPage(); });
+    pages.emplace(writer, paper);
   }
 
   static QBuffer* Opened(QBuffer& buffer) {
@@ -104,12 +128,10 @@ struct PdfDocument::Parts {
     return &buffer;
   }
 
-  PagePlan plan;
   QByteArray bytes;
   QBuffer buffer;
   QPdfWriter writer;
-  QPainter painter;
-  std::optional<PainterCanvas> canvas;
+  std::optional<PagedCanvas> pages;
 };
 
 PdfDocument::PdfDocument(const Paper& paper, std::string_view title)
@@ -118,12 +140,18 @@ PdfDocument::PdfDocument(const Paper& paper, std::string_view title)
 PdfDocument::~PdfDocument() = default;
 
 Canvas& PdfDocument::Pages() {
-  return *parts_->canvas;
+  return parts_->pages->canvas;
 }
 
 std::string PdfDocument::Finish() {
-  parts_->painter.end();
+  parts_->pages->End();
   return Bytes(parts_->bytes);
+}
+
+void PaintPages(QPagedPaintDevice& device, const Paper& paper,
+                const DrawPages& draw) {
+  PagedCanvas pages(device, paper);
+  draw(pages.canvas);
 }
 
 std::string PagesAsPdf(const Paper& paper, std::string_view title,

@@ -5,11 +5,12 @@
 
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "grid/ports.h"
+
+class QPagedPaintDevice;
 
 // A sheet of paper and the part of it that can be printed on, in twips.
 struct Paper {
@@ -36,7 +37,10 @@ class PdfDocument {
   std::unique_ptr<Parts> parts_;
 };
 
-using DrawPages = std::function<void(Canvas&)>;
+// Paints pages on a device of any resolution, whose layout is set to the
+// paper's.
+void PaintPages(QPagedPaintDevice& device, const Paper& paper,
+                const DrawPages& draw);
 
 // Each returns the bytes of a file.  A PDF file has the pages one after
 // another, the others one below the other in a single picture.
