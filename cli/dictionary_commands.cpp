@@ -26,9 +26,8 @@ void AddListOption(CLI::App* command, Query& query) {
 int RunFind(const Query& query) {
   CliSession session;
   session.LoadWords(query.list);
-  const FoundWord found = FindWord(session.words, query.text);
-  std::cout << found.message << "\n";
-  return found.found ? kDone : kNotCompleted;
+  std::cout << FindWordMessage(session.words, query.text) << "\n";
+  return kDone;
 }
 
 std::string CheckMask(const std::string& mask) {
@@ -74,9 +73,7 @@ void AddFindCommand(CLI::App& app, int& status) {
   auto query = std::make_shared<Query>();
   CLI::App* command =
       app.add_subcommand("find", "Find a word in the dictionary.");
-  command->footer(
-      "The exit status is 1 when the word is not found.\n"
-      "Example: kelda-cli find house -d 1");
+  command->footer("Example: kelda-cli find house -d 1");
   command->add_option("WORD", query->text, "Word, in any case")->required();
   AddListOption(command, *query);
   command->callback([query, &status] { status = RunFind(*query); });

@@ -1,8 +1,6 @@
 #include "dictionary/packed.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 
 #include "grid/text_file.h"
 
@@ -55,7 +53,7 @@ PackedHeader SplitPackedHeader(std::string_view line) {
   std::string_view second = line.substr(tab + 1);
   second = second.substr(0, second.find(kTab));
   return {UnscrambleHexField(second, kPackedKey),
-          ValToInt(UnscrambleHexField(line.substr(0, tab), kPackedKey))};
+          Val(UnscrambleHexField(line.substr(0, tab), kPackedKey))};
 }
 
 std::vector<std::string> ReadPackedDictionary(WordTable& words,
@@ -66,7 +64,10 @@ std::vector<std::string> ReadPackedDictionary(WordTable& words,
   if (line.find(kTab) == std::string_view::npos)
     file.Fail("the header has no second field");
   const PackedHeader header = SplitPackedHeader(line);
-  words.PackedHeaderValue = header.value;
+  const double value = std::nearbyint(header.value);
+  if (std::abs(value + 0.5) > 32768)
+    file.Fail("the header's number does not fit 16 bits");
+  words.PackedHeaderValue = static_cast<int>(value);
   std::vector<std::string> list = {header.word};
   AddWord(words, header.word, file);
   while (file.Next(line)) {

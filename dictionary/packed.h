@@ -23,7 +23,7 @@ std::string UnscrambleHexField(std::string_view field, std::string_view key);
 
 struct PackedHeader {
   std::string word;
-  int value = 0;  // 16 bits
+  double value = 0;
 };
 // The line must have a second field.
 PackedHeader SplitPackedHeader(std::string_view line);

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -90,9 +91,20 @@ bool LineReader::Refill() {
     FailWith(path_, "cannot be read", errno);
   buffer_.resize(size);
   next_ = 0;
+  if (bytesRead_ == 0) CheckThatItIsText();
   bytesRead_ += size;
   if (bytesRead_ > kLargestFile) Fail("the file is larger than 256 MiB");
   return size > 0;
+}
+
+void LineReader::CheckThatItIsText() const {
+  constexpr std::ptrdiff_t kFew = 8;
+  const auto controls = std::ranges::count_if(buffer_, [](char c) {
+    constexpr std::string_view kInTexts = "\t\n\f\r\x1a";
+    return c >= 0 && c < ' ' && kInTexts.find(c) == std::string_view::npos;
+  });
+  if (controls > kFew && controls * 20 > std::ssize(buffer_))
+    throw FileError(path_ + ": this is not a text file");
 }
 
 int LineReader::GetChar() {
@@ -108,7 +120,6 @@ bool LineReader::Next(std::string_view& line) {
   if (c == EOF) return false;
   ++lineNumber_;
   for (; c != EOF && c != '\n' && c != '\r'; c = GetChar()) {
-    if (c == '\0') Fail("this is not a text file, it holds a zero byte");
     if (line_.size() == kLongestLine) Fail("the line is too long");
     line_ += static_cast<char>(c);
   }

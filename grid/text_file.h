@@ -16,10 +16,10 @@ class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The lines of a file, whose end is CR LF, LF or CR.  Not text is a file
-// that holds a zero byte; more than 256 MiB or a line of more than 64 KiB is
-// too much.  Each of these throws FileError, as a file does that cannot be
-// opened or read.
+// The lines of a file, whose end is CR LF, LF or CR.  A file that begins with
+// many control characters is no text; more than 256 MiB or a line of more
+// than 64 KiB is too much.  Each of these throws FileError, as a file does
+// that cannot be opened or read.
 class LineReader {
  public:
   explicit LineReader(const std::string& path);
@@ -32,6 +32,7 @@ class LineReader {
 
  private:
   bool Refill();
+  void CheckThatItIsText() const;  // by the first bytes
   int GetChar();
 
   struct Closer {

@@ -118,6 +118,7 @@ void SplitToTarget(State& state, Ports ports) {
 }
 
 void FinishLayout(State& state, Ports ports) {
+  CountBlackSquares(state);
   BuildSlotList(state, ports.host);
   RedrawAllCells(state, ports.picture);
   EnableFrames(state);

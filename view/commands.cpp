@@ -33,7 +33,7 @@ void Choose(App& app) {
 }
 
 void TellFoundWord(App& app) {
-  app.host.Tell(FindWord(app.words, app.state.Text4).message);
+  app.host.Tell(FindWordMessage(app.words, app.state.Text4));
 }
 
 void Check(App& app) {

@@ -1,0 +1,51 @@
+// A host and a picture for runs that nobody watches, shared by the fuzz
+// targets and the benchmarks.
+
+#pragma once
+
+#include <random>
+#include <string>
+
+#include "grid/state.h"
+#include "grid/text_file.h"
+
+class QuietHost : public Host {
+ public:
+  std::mt19937 random{1};
+
+  void Tell(std::string_view) override {}
+  bool AskYesNo(std::string_view) override { return true; }
+  TriesAnswer AskTries(std::string_view) override {
+    return TriesAnswer::Abort;
+  }
+  std::string AskText(std::string_view, std::string_view,
+                      std::string_view) override {
+    return "";
+  }
+  std::string AskFileName(const FileRequest&) override { return ""; }
+  void ShowLogLine(std::string_view) override {}
+  void Poll() override {}
+  void RunEvents() override {}
+  void AwaitHalt(std::string_view why) override { EndProgram(why); }
+  void Pointer(PointerShape) override {}
+  double Chance() override { return random() / 4294967296.0; }
+  [[noreturn]] void EndProgram(std::string_view why) override {
+    throw FileError(std::string(why));
+  }
+};
+
+class NoPicture : public Picture {
+ public:
+  void Clear() override {}
+  void GridLines(int) override {}
+  void FillCell(Pos, Colour) override {}
+  void CellText(Pos, int, char) override {}
+};
+
+struct QuietDesk {
+  State state;
+  QuietHost host;
+  NoPicture picture;
+
+  Ports ports() { return {host, picture}; }
+};
