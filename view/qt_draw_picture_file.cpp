@@ -2,34 +2,23 @@
 
 #include <QBuffer>
 #include <QImage>
-#include <QPainter>
 #include <cmath>
 
 #include "files/canvas_picture.h"
-#include "view/qt_draw_canvas.h"
+#include "view/qt_draw_picture.h"
 #include "view/qt_draw_svg.h"
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr int kMostPixels = 10000;
-constexpr double kInchesPerMeter = 1 / 0.0254;
 
+// The very pixels of the window's grid picture.
 QImage Draw(const State& state, const PictureChoice& choice) {
-  const int side = PicturePixels(state.GridSize, choice.scale);
-  QImage image(side, side, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  image.setDotsPerMeterX(std::lround(96 * choice.scale * kInchesPerMeter));
-  image.setDotsPerMeterY(image.dotsPerMeterX());
-  QPainter painter(&image);
-  painter.setRenderHint(QPainter::TextAntialiasing);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(choice.scale / kTwipsPerPixel, choice.scale / kTwipsPerPixel);
-  const int twips = PictureSide(state.GridSize);
-  PainterCanvas canvas(painter, twips, twips, [] {});
-  CanvasPicture picture(canvas);
+  QtPicture picture;
+  picture.SetScale(choice.scale);
   DrawPuzzle(state, picture, choice.letters);
-  return image;
+  picture.Update();
+  return picture.Image();
 }
 
 std::string Vectors(const State& state, const PictureChoice& choice) {
@@ -46,13 +35,12 @@ std::string Vectors(const State& state, const PictureChoice& choice) {
 }  // namespace
 
 int PicturePixels(int gridSize, double scale) {
-  // The small addition keeps a product that is whole from falling below.
-  return static_cast<int>(PictureSide(gridSize) * scale / kTwipsPerPixel +
-                          1e-6);
+  return static_cast<int>(
+      std::ceil(PictureSide(gridSize) * (scale / kTwipsPerPixel)));
 }
 
 double LargestPictureScale(int gridSize) {
-  return kMostPixels * kTwipsPerPixel / PictureSide(gridSize);
+  return double(kMostPixels) * kTwipsPerPixel / PictureSide(gridSize);
 }
 
 std::string PictureFile(const State& state, const PictureChoice& choice) {
