@@ -4,9 +4,10 @@
 #include <cstdio>
 
 #include "cli/commands.h"
-#include "cli/drawing_session.h"
+#include "cli/drawing_files.h"
 #include "cli/session.h"
 #include "view/qt_draw_picture_file.h"
+#include "view/qt_draw_session.h"
 
 namespace {
 

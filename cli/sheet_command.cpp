@@ -3,11 +3,12 @@
 #include <iostream>
 
 #include "cli/commands.h"
-#include "cli/drawing_session.h"
+#include "cli/drawing_files.h"
 #include "cli/session.h"
 #include "files/sheet.h"
 #include "view/qt_draw_pages.h"
 #include "view/qt_draw_printer.h"
+#include "view/qt_draw_session.h"
 
 namespace {
 
@@ -52,6 +53,10 @@ int RunSheet(const Options& options) {
   CliSession session;
   session.OpenPuzzle(options.puzzle);
   if (options.print) return PrintSheet(session, options);
+  if (options.output.empty() && options.gridOnly) {
+    std::cerr << "kelda-cli: --grid-only leaves no lines of lists to print\n";
+    return kWrongUsage;
+  }
   if (options.output.empty()) {
     for (const std::string& line : ClueLines(session.state))
       std::cout << line << "\n";

@@ -1,7 +1,7 @@
-#include "cli/drawing_session.h"
+#include "cli/drawing_files.h"
 
-#include <QGuiApplication>
-#include <QLoggingCategory>
+#include <algorithm>
+#include <cctype>
 #include <iostream>
 #include <optional>
 #include <vector>
@@ -57,15 +57,3 @@ void WriteOutput(const std::string& name, std::string_view content) {
   else
     WriteFile(name, content);
 }
-
-DrawingSession::DrawingSession() {
-  static int argc = 1;
-  static char name[] = "kelda-cli";
-  static char* argv[] = {name, nullptr};
-  // Qt warns of missing desktop settings that no drawing needs.
-  QLoggingCategory::setFilterRules("*.warning=false");
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  application_ = std::make_unique<QGuiApplication>(argc, argv);
-}
-
-DrawingSession::~DrawingSession() = default;
