@@ -1,6 +1,7 @@
 #include "files/title_lines.h"
 
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -71,9 +72,11 @@ TitleLines FitTitle(std::string_view title, const Canvas& canvas, int width) {
   TitleLines fit;
   fit.style = {kTitlePoints, true, false};
   const int needed = canvas.TextWidth(text, fit.style);
-  if (needed > width)
-    fit.style.points = std::max(kLeastPoints, kTitlePoints * width / needed);
-  fit.pitch = static_cast<int>(fit.style.points * 20 * 1.15);
+  if (needed > width) {
+    const double fitting = std::floor(kTitlePoints * 10 * width / needed) / 10;
+    fit.style.points = std::max(kLeastPoints, fitting);
+  }
+  fit.pitch = static_cast<int>(std::lround(fit.style.points * 20 * 1.15));
   if (text.empty()) return fit;
   if (canvas.TextWidth(text, fit.style) <= width)
     fit.lines = {text};
