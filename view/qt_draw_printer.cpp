@@ -11,9 +11,9 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr auto kBetweenLooks = milliseconds(50);
-// How long a job is watched that is being printed, or that is not begun.
-constexpr auto kPrintingPatience = milliseconds(5000);
-constexpr auto kWaitingPatience = milliseconds(2000);
+// How long a job is watched.  One that is being printed by then is taken as
+// printed.
+constexpr auto kPatience = milliseconds(5000);
 
 Paper UsualPaper() {
   return QLocale::system().measurementSystem() == QLocale::ImperialUSSystem
@@ -53,15 +53,12 @@ void DefaultPrinter::Send() {
 }
 
 bool DefaultPrinter::Settled() {
-  const PrintQueue::JobState state = queue_->StateOfJob();
-  const auto passed = Clock::now() - sent_;
-  if (state == PrintQueue::JobState::Printed ||
-      (state == PrintQueue::JobState::Printing && passed > kPrintingPatience))
-    return true;
-  if (state == PrintQueue::JobState::Waiting && passed > kWaitingPatience) {
+  using JobState = PrintQueue::JobState;
+  const JobState job = queue_->StateOfJob();
+  const bool patient = Clock::now() - sent_ < kPatience;
+  if (job == JobState::Waiting && (!patient || queue_->PrinterIsStopped()))
     queue_->CheckPrinterRuns();
-    return true;
-  }
+  if (job == JobState::Printed || !patient) return true;
   std::this_thread::sleep_for(kBetweenLooks);
   return false;
 }

@@ -139,6 +139,11 @@ PrintQueue::JobState PrintQueue::StateOfJob() const {
   }
 }
 
+bool PrintQueue::PrinterIsStopped() const {
+  const Owned<ipp_t> printer = Ask(IPP_OP_GET_PRINTER_ATTRIBUTES);
+  return NumberOf(printer.get(), "printer-state") == IPP_PSTATE_STOPPED;
+}
+
 void PrintQueue::CheckPrinterRuns() const {
   const Owned<ipp_t> printer = Ask(IPP_OP_GET_PRINTER_ATTRIBUTES);
   if (NumberOf(printer.get(), "printer-state") == IPP_PSTATE_PROCESSING) return;

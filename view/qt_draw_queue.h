@@ -28,6 +28,7 @@ class PrintQueue {
   // How the job that was sent stands; throws PrintError where it was given
   // up.
   JobState StateOfJob() const;
+  bool PrinterIsStopped() const;
   // For a job that waits: returns if the printer prints other jobs meanwhile,
   // and throws PrintError if it stands still.
   void CheckPrinterRuns() const;
