@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <string>
+
 #include "dictionary/word_table.h"
 #include "grid/state.h"
 
@@ -12,6 +14,7 @@ struct App {
   Host& host;
   Picture& picture;
   bool taskRuns = false;  // a command has started and not ended
+  std::string savedText{};  // the puzzle as last loaded, saved or begun
 
   Ports ports() { return {host, picture}; }
 };
