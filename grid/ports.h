@@ -35,6 +35,11 @@ enum class PointerShape { Normal, Hourglass };
 
 enum class TriesAnswer { Abort = 3, Retry = 4, Ignore = 5 };
 
+enum class UnsavedAnswer { Save, Discard, Cancel };
+
+// What the program opens beside its messages.
+enum class Window { BlacksMenu, SolutionMenu, Overview, Help, About, Meaning };
+
 // What a file name is asked for with.
 struct FileRequest {
   enum class Mode { Open, Save };
@@ -57,6 +62,17 @@ class Host {
                               std::string_view preset) = 0;
   // The full path of a file; "" when cancelled.
   virtual std::string AskFileName(const FileRequest& request) = 0;
+
+  // Whether to save a puzzle that is about to be replaced.
+  virtual UnsavedAnswer AskUnsaved(std::string_view) {
+    return UnsavedAnswer::Discard;
+  }
+
+  // Opens a window or a pop-up menu and returns when the user can work with
+  // it; Meaning returns when it is closed.  Nothing where there is no screen.
+  virtual void Open(Window) {}
+  // Leaves the program when no command runs, unless the user cancels.
+  virtual void Quit() {}
 
   // A line that the solver's log has just taken; returns when the user has
   // seen it, which makes the fill run step by step.

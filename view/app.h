@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <string>
+
 #include "dictionary/word_table.h"
 #include "grid/state.h"
 
@@ -20,7 +22,8 @@ struct App {
   Host& host;
   Picture& picture;
   bool taskRuns = false;  // a command has started and not ended
-  Outlets outlets = {};
+  std::string savedText{};  // the puzzle as last loaded, saved or begun
+  Outlets outlets{};
 
   Ports ports() { return {host, picture}; }
 };

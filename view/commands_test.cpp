@@ -17,8 +17,9 @@ struct Program {
   FakeHost host;
   FakePicture picture;
 
-  Program() : app{.state = {}, .words = {}, .host = host, .picture = picture},
-              host(app.state) {}
+  Program()
+      : app{.state = {}, .words = {}, .host = host, .picture = picture},
+        host(app.state) {}
 
   bool Press(std::string_view control) {
     return RunCommand(app, CommandOf(control));
@@ -120,9 +121,9 @@ void AssertInvariants(const State& state) {
 // A user who presses anything in any order, on small grids.
 RC_GTEST_PROP(Commands, AnyOrderKeepsTheStateSound, ()) {
   Program program;
-  program.app.words = Dictionary(
-      {"ABBEY", "ACORN", "CAT", "COT", "DOG", "EEL", "GIDDY", "NINNY",
-       "NORTH", "ORE", "TEE", "TIDE", "YOUNG", "YARN"});
+  program.app.words =
+      Dictionary({"ABBEY", "ACORN", "CAT", "COT", "DOG", "EEL", "GIDDY",
+                  "NINNY", "NORTH", "ORE", "TEE", "TIDE", "YOUNG", "YARN"});
   const TestFolder folder;
   const std::string file = folder.Path("a.kdp");
   program.Press("Command2");
@@ -131,12 +132,11 @@ RC_GTEST_PROP(Commands, AnyOrderKeepsTheStateSound, ()) {
     typed = *rc::gen::element<std::string>("5", "7", "9", "11");
     const std::string control = *rc::gen::element<std::string>(
         "Command2", "Command22", "blackrand", "black2x2", "Command19",
-        "solx(0)", "solx(1)", "solx(2)", "loadx", "Savey", "savex",
-        "Command3", "Command15", "Command23");
+        "solx(0)", "solx(1)", "solx(2)", "loadx", "Savey", "savex", "Command3",
+        "Command15", "Command23");
     if (control == "Command2") program.app.state.Text3 = typed;
     program.host.random.seed(static_cast<unsigned>(step));
-    program.host.haltAtPoll =
-        program.host.polls + *rc::gen::inRange(0, 3000);
+    program.host.haltAtPoll = program.host.polls + *rc::gen::inRange(0, 3000);
     program.host.script.clear();
     if (control == "black2x2")
       program.host.script = {{"2x2 Squares done", "yes"}};
