@@ -107,25 +107,34 @@ void LineReader::CheckThatItIsText() const {
     throw FileError(path_ + ": this is not a text file");
 }
 
-int LineReader::GetChar() {
-  if (next_ == buffer_.size() && !Refill()) return EOF;
-  return static_cast<unsigned char>(buffer_[next_++]);
-}
-
 bool LineReader::Next(std::string_view& line) {
-  line_.clear();
-  int c = GetChar();
-  if (c == '\n' && afterReturn_) c = GetChar();
-  afterReturn_ = false;
-  if (c == EOF) return false;
-  ++lineNumber_;
-  for (; c != EOF && c != '\n' && c != '\r'; c = GetChar()) {
-    if (line_.size() == kLongestLine) Fail("the line is too long");
-    line_ += static_cast<char>(c);
+  if (next_ == buffer_.size() && !Refill()) return false;
+  if (afterReturn_ && buffer_[next_] == '\n') {
+    ++next_;
+    if (next_ == buffer_.size() && !Refill()) return false;
   }
-  afterReturn_ = c == '\r';
+  ++lineNumber_;
+  line_.clear();
+  afterReturn_ = false;
+  do {
+    const auto end = std::find_if(
+        buffer_.begin() + static_cast<std::ptrdiff_t>(next_), buffer_.end(),
+        [](char c) { return c == '\n' || c == '\r'; });
+    TakeRest(static_cast<std::size_t>(end - buffer_.begin()));
+    if (end != buffer_.end()) {
+      afterReturn_ = *end == '\r';
+      ++next_;
+      break;
+    }
+  } while (Refill());
   line = line_;
   return true;
+}
+
+void LineReader::TakeRest(std::size_t end) {
+  line_.append(buffer_, next_, end - next_);
+  next_ = end;
+  if (line_.size() > kLongestLine) Fail("the line is too long");
 }
 
 void WriteFile(const std::string& path, std::string_view content) {
