@@ -11,6 +11,6 @@ test_packages=(
   libbenchmark-dev                       # benchmarks
   cups cups-client cups-filters          # a print service for the tests
   ghostscript printer-driver-cups-pdf
-  poppler-utils xvfb xauth               # looking at pages and windows
+  poppler-utils xvfb xauth xclip         # looking at pages and windows
   clang-14 libclang-rt-14-dev            # fuzz targets
 )
