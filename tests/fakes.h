@@ -35,8 +35,8 @@ class FakeHost : public Host {
     std::string answer;    // "yes", "no", "abort", a text, ...
   };
   std::deque<Answer> script;
-  int haltAtPoll = -1;     // counted from 0; -1 never
-  bool log = false;        // switch the solver's log on
+  int haltAtPoll = -1;  // counted from 0; -1 never
+  bool log = false;     // switch the solver's log on
   std::vector<std::string> logLines;
   int polls = 0;
   bool waitedForHalt = false;
@@ -44,9 +44,7 @@ class FakeHost : public Host {
   std::mt19937 random{1};
 
   void Tell(std::string_view text) override { told.emplace_back(text); }
-  bool AskYesNo(std::string_view text) override {
-    return Next(text) == "yes";
-  }
+  bool AskYesNo(std::string_view text) override { return Next(text) == "yes"; }
   TriesAnswer AskTries(std::string_view text) override {
     const std::string answer = Next(text);
     if (answer == "retry") return TriesAnswer::Retry;
@@ -79,8 +77,7 @@ class FakeHost : public Host {
 
  private:
   std::string Next(std::string_view question) {
-    if (script.empty() ||
-        !question.starts_with(script.front().question)) {
+    if (script.empty() || !question.starts_with(script.front().question)) {
       ADD_FAILURE() << "unexpected question: " << question;
       return "";
     }

@@ -15,9 +15,7 @@ class QuietHost : public Host {
 
   void Tell(std::string_view) override {}
   bool AskYesNo(std::string_view) override { return true; }
-  TriesAnswer AskTries(std::string_view) override {
-    return TriesAnswer::Abort;
-  }
+  TriesAnswer AskTries(std::string_view) override { return TriesAnswer::Abort; }
   std::string AskText(std::string_view, std::string_view,
                       std::string_view) override {
     return "";

@@ -37,8 +37,8 @@ MainWindow::MainWindow(App& app, WindowHost& host, QtPicture& picture,
   BuildMenus();
   auto* centre = new QWidget;
   auto* layout = new QHBoxLayout(centre);
-  layout->setContentsMargins(4, 2, 4, 4);
-  layout->setSpacing(6);
+  layout->setContentsMargins(2, 2, 2, 4);
+  layout->setSpacing(3);
   layout->addWidget(BuildGridSide(), 1);
   layout->addWidget(frames_ = new Frames4(binding_));
   layout->addWidget(debugPanel_ = new DebugPanel(app_, binding_));
@@ -105,7 +105,8 @@ QWidget* MainWindow::BuildGridSide() {
   auto* side = new QWidget;
   auto* layout = new QGridLayout(side);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(2);
+  layout->setHorizontalSpacing(0);
+  layout->setVerticalSpacing(2);
   Text5_ = new QLineEdit;
   Text5_->setObjectName("Text5");
   Text5_->setAccessibleName(tr("Puzzle title"));
@@ -118,14 +119,15 @@ QWidget* MainWindow::BuildGridSide() {
   Picture2_ = new QWidget;
   Picture2_->setObjectName("Picture2");
   Picture2_->setMinimumSize(200, 150);
-  Picture2_->installEventFilter(this);
   Picture1_ = new GridView(app_.state, picture_, Picture2_);
   layout->addWidget(Picture2_, 1, 0);
   VScroll1_ = new QScrollBar(Qt::Vertical);
+  VScroll1_->setFixedWidth(12);
   VScroll1_->setObjectName("VScroll1");
   VScroll1_->setAccessibleName(tr("Scroll the grid up and down"));
   layout->addWidget(VScroll1_, 1, 1);
   HScroll1_ = new QScrollBar(Qt::Horizontal);
+  HScroll1_->setFixedHeight(12);
   HScroll1_->setObjectName("HScroll1");
   HScroll1_->setAccessibleName(tr("Scroll the grid left and right"));
   layout->addWidget(HScroll1_, 2, 0);
@@ -185,6 +187,7 @@ void MainWindow::EditTitle(const QString& text) {
 }
 
 void MainWindow::ConnectPicture() {
+  Picture2_->installEventFilter(this);
   connect(Picture1_, &GridView::Clicked, this,
           [this](MouseButton button, int shiftState, int x, int y) {
             Act(MayRun::WhenIdle,

@@ -1,6 +1,5 @@
 // Copying the state into the widgets of the main window.
 
-#include <QResizeEvent>
 #include <QSignalBlocker>
 
 #include "view/qt_main_window.h"
@@ -109,9 +108,4 @@ void MainWindow::ShowTitleBar() {
       (caption.empty() ? QString("Kelda") : FromBytes(caption)) + "[*]";
   if (windowTitle() != title) setWindowTitle(title);
   setWindowModified(HasUnsavedWork(app_));
-}
-
-void MainWindow::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  ShowScrollBars();
 }
