@@ -47,10 +47,10 @@ TEST(Packed, FieldsAreUnscrambledWithARepeatingKey) {
 }
 
 RC_GTEST_PROP(Packed, WhatWasPackedIsRead, (short value)) {
-  const auto words = *rc::gen::nonEmpty(rc::gen::container<
-                                        std::vector<std::string>>(
-      rc::gen::resize(8, rc::gen::nonEmpty(rc::gen::container<std::string>(
-                             rc::gen::inRange('A', 'E'))))));
+  const auto words =
+      *rc::gen::nonEmpty(rc::gen::container<std::vector<std::string>>(
+          rc::gen::resize(8, rc::gen::nonEmpty(rc::gen::container<std::string>(
+                                 rc::gen::inRange('A', 'E'))))));
   const TestFolder folder;
   WordTable table;
   const auto read = ReadPackedDictionary(
@@ -85,6 +85,7 @@ TEST(Packed, BrokenFilesAreRefusedWithTheirLine) {
             ":2: the word is too long");
   std::string many = header;
   for (int i = 1; i <= WordsPerLengthLimit; ++i) many += "C\n";
-  EXPECT_EQ(failure(many), ":32768: there are more than 32767 words of 3 "
-                           "letters");
+  EXPECT_EQ(failure(many),
+            ":32768: there are more than 32767 words of 3 "
+            "letters");
 }

@@ -100,6 +100,6 @@ std::string WordCountText(int totalWords) {
   // where it is.
   std::string digits = std::to_string(totalWords);
   if (digits.size() < 6) digits.insert(0, 6 - digits.size(), ' ');
-  digits.insert(digits.size() - 3, ",");
+  digits.insert(digits.size() - 3, 1, ',');
   return std::string(Trimmed(digits)) + " Words";
 }

@@ -36,8 +36,7 @@ TEST(ReadDictionary, TakesWordsAndCountsLetters) {
   EXPECT_EQ(desk.words.WordScore(3, 1), 8);
   EXPECT_EQ(desk.state.Label9, ",  4 Words");
   EXPECT_EQ(Texts(desk.state.List2.Read<LetterRow>()).back(), "000003E");
-  EXPECT_EQ(Texts(desk.state.List3.Read<LengthRow>()).back(),
-            "000002len=0005");
+  EXPECT_EQ(Texts(desk.state.List3.Read<LengthRow>()).back(), "000002len=0005");
   EXPECT_EQ(desk.state.ProgBar.Caption, "");
 }
 
@@ -46,10 +45,9 @@ TEST(ReadDictionary, ANewListReplacesTheOldOneAndAFailedOneDoesNot) {
   desk.Read("ARE\nCAT\n");
   desk.Read("DOG\n");
   EXPECT_EQ(desk.words.WordCount(3), 1);
-  EXPECT_THROW(
-      ReadDictionary(desk.state, desk.words, desk.host,
-                     desk.folder.Path("none.txt")),
-      FileError);
+  EXPECT_THROW(ReadDictionary(desk.state, desk.words, desk.host,
+                              desk.folder.Path("none.txt")),
+               FileError);
   EXPECT_EQ(desk.words.WordAt(3, 1), "DOG");
 }
 
@@ -98,8 +96,10 @@ TEST(ChooseDictionary, ACustomListIsAskedForAndMayBeCancelled) {
 
 TEST(FindWord, SearchesByHalves) {
   const WordTable words = Dictionary({"ARE", "CAT", "DOG"});
-  EXPECT_EQ(FindWordMessage(words, "cat"), "CAT is word# 2 of  3 3-letter words");
-  EXPECT_EQ(FindWordMessage(words, "Are"), "ARE is word# 1 of  3 3-letter words");
+  EXPECT_EQ(FindWordMessage(words, "cat"),
+            "CAT is word# 2 of  3 3-letter words");
+  EXPECT_EQ(FindWordMessage(words, "Are"),
+            "ARE is word# 1 of  3 3-letter words");
   EXPECT_EQ(FindWordMessage(words, "ant"), "ANT not found");
   EXPECT_EQ(FindWordMessage(words, ""), " is word# 0 of  0 0-letter words");
   const std::string longWord(21, 'A');

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <numeric>
 
 #include "grid/list_rows.h"
 #include "grid/masks.h"
@@ -12,14 +11,18 @@ WordIndex::WordIndex(int length, std::string_view letters,
   const int count = static_cast<int>(scores.size());
   const auto word = [&](int j) { return letters.substr(j * length, length); };
 
-  std::vector<std::uint64_t> order(count);
-  std::ranges::transform(scores, order.begin(), ScoreOrder);
-  byRank_.resize(count);
-  std::iota(byRank_.begin(), byRank_.end(), 0);
-  std::ranges::sort(byRank_, [&](int a, int b) {
-    if (order[a] != order[b]) return order[a] < order[b];
-    return word(a) < word(b);
+  struct Entry {
+    std::uint64_t order;
+    int j;
+  };
+  std::vector<Entry> entries(count);
+  for (int j = 0; j < count; ++j) entries[j] = {ScoreOrder(scores[j]), j};
+  std::ranges::sort(entries, [&](const Entry& a, const Entry& b) {
+    if (a.order != b.order) return a.order < b.order;
+    return word(a.j) < word(b.j);
   });
+  byRank_.resize(count);
+  std::ranges::transform(entries, byRank_.begin(), &Entry::j);
 
   rowOf_.fill(-1);
   for (unsigned char c : letters)

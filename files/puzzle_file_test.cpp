@@ -41,8 +41,8 @@ TEST(PuzzleFile, LoadsAndSavesByTheQuestionsOfTheCommands) {
   SavePuzzleAs(desk.state, desk.ports());
   EXPECT_FALSE(folder.Read("b.kdp").empty());
 
-  Desk other({".......", ".......", ".......", ".......", ".......",
-              ".......", "......."});
+  Desk other({".......", ".......", ".......", ".......", ".......", ".......",
+              "......."});
   other.host.script = {{kOpen, path}};
   LoadPuzzle(other.state, other.ports());
   EXPECT_EQ(Rows(other.state), Rows(desk.state));
@@ -79,16 +79,14 @@ TEST(PuzzleFile, AFailedLoadLeavesThePuzzleAsItWas) {
 
 TEST(PuzzleFile, WhatIsMissingReadsAsEmpty) {
   const TestFolder folder;
-  const Puzzle puzzle =
-      ReadPuzzle(folder.Write("a", "t\n#A.\nB\n"));
+  const Puzzle puzzle = ReadPuzzle(folder.Write("a", "t\n#A.\nB\n"));
   EXPECT_EQ(puzzle.cells, (std::vector<std::string>{".A ", "B  ", "   "}));
 }
 
 RC_GTEST_PROP(PuzzleFile, WhatWasSavedIsLoadedByteForByte, ()) {
   const int n = *rc::gen::inRange(1, 26) * 2 + 1;
   std::string text;
-  for (char c : *rc::gen::container<std::string>(
-           rc::gen::inRange(32, 256)))
+  for (char c : *rc::gen::container<std::string>(rc::gen::inRange(32, 256)))
     text += c;
   text += "\r\n";
   for (int row = 0; row < n; ++row)

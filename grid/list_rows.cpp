@@ -17,16 +17,17 @@ std::string CensusRow::Text() const {
 }
 
 std::uint64_t ScoreOrder(int score) {
-  // A number in base 11 whose digits are those of the text and then an end
-  // mark, which is above every digit as a letter is.
-  constexpr int kPlaces = 11, kEnd = 10;
+  // A number in base 11 with the digits of the text from the left, then an
+  // end mark that is above every digit, as a letter is.
+  constexpr int kBase = 11, kEnd = 10, kPlaces = 11;
+  int first = 100000;  // the value of the first digit
+  while (score / first >= 10) first *= 10;
   std::uint64_t order = 0;
-  int places = 0;
-  for (char digit : Padded(score, 6) + char('0' + kEnd)) {
-    order = order * 11 + (digit - '0');
-    ++places;
-  }
-  for (; places < kPlaces; ++places) order *= 11;
+  int places = 1;
+  for (; first > 0; first /= 10, ++places)
+    order = order * kBase + score / first % 10;
+  order = order * kBase + kEnd;
+  for (; places < kPlaces; ++places) order *= kBase;
   return order;
 }
 

@@ -9,13 +9,12 @@ TEST(ListRows, TextsAreWhatTheListsShow) {
   const Slot slot{5, Direction::Across, {3, 7}};
   EXPECT_EQ(slot.Text(), "05A 03,07");
   EXPECT_EQ((SlotRow{slot, Mask("AB?D?")}.Text()), "05A 03,07=AB?D?");
-  EXPECT_EQ((CountRow{12, slot, Mask("AB?D?")}.Text()),
-            "0001205A 03,07=AB?D?");
+  EXPECT_EQ((CountRow{12, slot, Mask("AB?D?")}.Text()), "0001205A 03,07=AB?D?");
   EXPECT_EQ((CountRow{12, slot, {}}.Text()), "0001205A 03,07");
   EXPECT_EQ((Candidate{12345, Word("HOUSE")}.Text()), "012345HOUSE");
-  EXPECT_EQ((Placement{Word("CAT"), Mask("C??"), {3, 5}, Direction::Across}
-                 .Text()),
-            "CAT;C??; 3; 5;A");
+  EXPECT_EQ(
+      (Placement{Word("CAT"), Mask("C??"), {3, 5}, Direction::Across}.Text()),
+      "CAT;C??; 3; 5;A");
   EXPECT_EQ((LetterRow{4521, 'E'}.Text()), "004521E");
   EXPECT_EQ((LengthRow{1234, 5}.Text()), "001234len=0005");
   EXPECT_EQ((CellGroup{{{17, 3}, {18, 3}}}.Text()), "017,017,018,");
@@ -24,8 +23,8 @@ TEST(ListRows, TextsAreWhatTheListsShow) {
 namespace {
 
 std::string GenWord() {
-  return *rc::gen::container<std::string>(
-      *rc::gen::inRange<std::size_t>(3, 6), rc::gen::inRange('A', 'D'));
+  return *rc::gen::container<std::string>(*rc::gen::inRange<std::size_t>(3, 6),
+                                          rc::gen::inRange('A', 'D'));
 }
 
 Slot GenSlot() {

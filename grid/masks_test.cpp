@@ -7,12 +7,12 @@
 TEST(Masks, OpenSlotsOfTwoCellsOrMoreAreListed) {
   Desk desk({"CAT#.", "...#.", "...##", "#....", "..#.."});
   BuildMaskList(desk.state);
-  EXPECT_EQ(Texts(desk.state.List2.Read<SlotRow>()),
-            (std::vector<std::string>{
-                "02A 05,01=??", "02A 05,04=??", "02D 01,05=??",
-                "02D 04,04=??", "02D 04,05=??", "03A 02,01=???",
-                "03A 03,01=???", "03D 01,01=C??", "04A 04,02=????",
-                "04D 01,03=T???", "05D 01,02=A????"}));
+  EXPECT_EQ(
+      Texts(desk.state.List2.Read<SlotRow>()),
+      (std::vector<std::string>{
+          "02A 05,01=??", "02A 05,04=??", "02D 01,05=??", "02D 04,04=??",
+          "02D 04,05=??", "03A 02,01=???", "03A 03,01=???", "03D 01,01=C??",
+          "04A 04,02=????", "04D 01,03=T???", "05D 01,02=A????"}));
   EXPECT_EQ(desk.state.List4.Read<Slot>().front().Text(), "02A 05,01");
   EXPECT_EQ(Texts(desk.state.List4.Read<Slot>()).size(), 12u)
       << "lettered slots too";
@@ -40,9 +40,9 @@ TEST(Masks, WritingGoesIntoTheGridAndDrawingDoesNot) {
   Desk desk({".....", ".....", ".....", ".....", "....."});
   WriteSlot(desk.state, {2, 3}, Direction::Down, "ART");
   DrawSlot(desk.state, desk.picture, {1, 1}, Direction::Across, "XY");
-  EXPECT_EQ(Rows(desk.state), (std::vector<std::string>{
-                                  ".....", "..A..", "..R..", "..T..",
-                                  "....."}));
+  EXPECT_EQ(
+      Rows(desk.state),
+      (std::vector<std::string>{".....", "..A..", "..R..", "..T..", "....."}));
   EXPECT_EQ((desk.picture.texts[{1, 2}]), "2Y");
   EXPECT_EQ(CellsOfMask(Mask("A?C")), "A C");
 }

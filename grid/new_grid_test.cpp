@@ -14,9 +14,8 @@ TEST(NewGrid, SizeBecomesOddOnLeavingAndIsCheckedOnDrawing) {
     int size;
   };
   for (const Case& c : {Case{"12", "13", "13", 13}, Case{"4", "5", "5", 5},
-                        Case{"53", "53", "13", 13},
-                        Case{"52", "53", "13", 13}, Case{"", "1", "13", 13},
-                        Case{"51", "51", "51", 51},
+                        Case{"53", "53", "13", 13}, Case{"52", "53", "13", 13},
+                        Case{"", "1", "13", 13}, Case{"51", "51", "51", 51},
                         Case{"99999", "32767", "13", 13}}) {
     Desk desk;
     EditGridSize(desk.state, c.typed);
@@ -44,9 +43,9 @@ TEST(NewGrid, ClearKeepsBlackSquaresOnly) {
   desk.state.List6.push_back({Word("CAT"), Mask("???"), {1, 1}});
   BuildMaskList(desk.state);
   ClearWords(desk.state, desk.ports());
-  EXPECT_EQ(Rows(desk.state), (std::vector<std::string>{
-                                  "...#.", ".....", ".....", ".....",
-                                  ".#..."}));
+  EXPECT_EQ(
+      Rows(desk.state),
+      (std::vector<std::string>{"...#.", ".....", ".....", ".....", ".#..."}));
   EXPECT_TRUE(desk.state.List6.empty());
   EXPECT_EQ(desk.state.Text2, " 2");
   EXPECT_EQ(desk.state.Label2, " = 8%");

@@ -18,11 +18,11 @@ TEST(Slots, SplitLineFindsTheRuns) {
 
 TEST(Slots, AnOpenGridIsNumberedAlongItsEdges) {
   Desk desk({".....", ".....", ".....", ".....", "....."});
-  EXPECT_EQ(Texts(desk.state.List2.Read<SlotRow>()),
-            (std::vector<std::string>{
-                "05A 01,01", "05A 02,01", "05A 03,01", "05A 04,01",
-                "05A 05,01", "05D 01,01", "05D 01,02", "05D 01,03",
-                "05D 01,04", "05D 01,05"}));
+  EXPECT_EQ(
+      Texts(desk.state.List2.Read<SlotRow>()),
+      (std::vector<std::string>{
+          "05A 01,01", "05A 02,01", "05A 03,01", "05A 04,01", "05A 05,01",
+          "05D 01,01", "05D 01,02", "05D 01,03", "05D 01,04", "05D 01,05"}));
   for (int i = 1; i <= 5; ++i) {
     EXPECT_EQ(desk.state.CellNumbers[1][i], i);
     EXPECT_EQ(desk.state.CellNumbers[i][1], i == 1 ? 1 : i + 4);
@@ -36,8 +36,7 @@ TEST(Slots, AnOpenGridIsNumberedAlongItsEdges) {
 TEST(Slots, ShortRunsAreNoSlotsButGetMasks) {
   Desk desk({"..#..", ".###.", ".....", ".###.", "..#.."});
   EXPECT_EQ(Texts(desk.state.List2.Read<SlotRow>()),
-            (std::vector<std::string>{"05A 03,01", "05D 01,01",
-                                      "05D 01,05"}));
+            (std::vector<std::string>{"05A 03,01", "05D 01,01", "05D 01,05"}));
   EXPECT_EQ(desk.state.CellNumbers[1][4], 0);
   EXPECT_EQ(FindSlots(desk.state, 2).size(), 7u);
 }

@@ -24,8 +24,7 @@ constexpr std::size_t kLargestFile = 1 << 28;
 // A file that is open for writing.
 class OutputFile {
  public:
-  OutputFile(std::string path, int descriptor)
-      : path_(std::move(path)), descriptor_(descriptor) {}
+  explicit OutputFile(int descriptor) : descriptor_(descriptor) {}
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
   ~OutputFile() {
@@ -52,12 +51,11 @@ class OutputFile {
   }
 
  private:
-  std::string path_;
   int descriptor_;
 };
 
 void WriteInPlace(const std::string& path, std::string_view content) {
-  OutputFile out(path, open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  OutputFile out(open(path.c_str(), O_WRONLY | O_CLOEXEC));
   if (out.Descriptor() < 0 || !out.Write(content) || !out.Close())
     FailWith(path, "cannot be written", errno);
 }
@@ -107,25 +105,34 @@ void LineReader::CheckThatItIsText() const {
     throw FileError(path_ + ": this is not a text file");
 }
 
-int LineReader::GetChar() {
-  if (next_ == buffer_.size() && !Refill()) return EOF;
-  return static_cast<unsigned char>(buffer_[next_++]);
-}
-
 bool LineReader::Next(std::string_view& line) {
-  line_.clear();
-  int c = GetChar();
-  if (c == '\n' && afterReturn_) c = GetChar();
-  afterReturn_ = false;
-  if (c == EOF) return false;
-  ++lineNumber_;
-  for (; c != EOF && c != '\n' && c != '\r'; c = GetChar()) {
-    if (line_.size() == kLongestLine) Fail("the line is too long");
-    line_ += static_cast<char>(c);
+  if (next_ == buffer_.size() && !Refill()) return false;
+  if (afterReturn_ && buffer_[next_] == '\n') {
+    ++next_;
+    if (next_ == buffer_.size() && !Refill()) return false;
   }
-  afterReturn_ = c == '\r';
+  ++lineNumber_;
+  line_.clear();
+  afterReturn_ = false;
+  do {
+    const auto end = std::find_if(
+        buffer_.begin() + static_cast<std::ptrdiff_t>(next_), buffer_.end(),
+        [](char c) { return c == '\n' || c == '\r'; });
+    TakeRest(static_cast<std::size_t>(end - buffer_.begin()));
+    if (end != buffer_.end()) {
+      afterReturn_ = *end == '\r';
+      ++next_;
+      break;
+    }
+  } while (Refill());
   line = line_;
   return true;
+}
+
+void LineReader::TakeRest(std::size_t end) {
+  line_.append(buffer_, next_, end - next_);
+  next_ = end;
+  if (line_.size() > kLongestLine) Fail("the line is too long");
 }
 
 void WriteFile(const std::string& path, std::string_view content) {
@@ -140,11 +147,12 @@ void WriteFile(const std::string& path, std::string_view content) {
     return;
   }
   std::string temporary = target.string() + ".XXXXXX";
-  OutputFile out(temporary, mkostemp(temporary.data(), O_CLOEXEC));
+  OutputFile out(mkostemp(temporary.data(), O_CLOEXEC));
   if (out.Descriptor() < 0) FailWith(path, "cannot be written", errno);
-  const bool done = out.Write(content) &&
-                    fchmod(out.Descriptor(), ModeFor(target)) == 0 &&
-                    fsync(out.Descriptor()) == 0 && out.Close() &&
+  // Where a file system knows no modes, the file is written all the same.
+  (void)fchmod(out.Descriptor(), ModeFor(target));
+  const bool done = out.Write(content) && fsync(out.Descriptor()) == 0 &&
+                    out.Close() &&
                     rename(temporary.c_str(), target.c_str()) == 0;
   if (!done) {
     const int failure = errno;

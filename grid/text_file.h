@@ -33,7 +33,7 @@ class LineReader {
  private:
   bool Refill();
   void CheckThatItIsText() const;  // by the first bytes
-  int GetChar();
+  void TakeRest(std::size_t end);  // of the buffer, onto the line
 
   struct Closer {
     void operator()(std::FILE* file) const { std::fclose(file); }

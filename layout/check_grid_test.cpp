@@ -22,11 +22,16 @@ Verdict Check(Desk& desk, bool quiet = false) {
   verdict.paint.assign(n, std::string(n, '.'));
   for (const auto& [cell, colour] : desk.picture.colours) {
     char& mark = verdict.paint[cell.row - 1][cell.col - 1];
-    if (colour == ColourDivides) mark = 'R';
-    else if (colour == ColourBadLength) mark = 'L';
-    else if (colour == ColourUncrossed) mark = 'C';
-    else if (colour == ColourBlackSquare) mark = '#';
-    else if (!(colour == ColourBackground)) mark = 's';
+    if (colour == ColourDivides)
+      mark = 'R';
+    else if (colour == ColourBadLength)
+      mark = 'L';
+    else if (colour == ColourUncrossed)
+      mark = 'C';
+    else if (colour == ColourBlackSquare)
+      mark = '#';
+    else if (!(colour == ColourBackground))
+      mark = 's';
   }
   return verdict;
 }
@@ -65,8 +70,7 @@ TEST(CheckGrid, UncrossedCellsAreCyan) {
   desk.host.script = {{kOptional, "yes"}};
   const Verdict verdict = Check(desk);
   EXPECT_EQ(verdict.status, kUncrossed);
-  EXPECT_EQ(verdict.paint,
-            (Grid{".C.C.", "C#C#C", ".C.C.", "C#C#C", ".C.C."}));
+  EXPECT_EQ(verdict.paint, (Grid{".C.C.", "C#C#C", ".C.C.", "C#C#C", ".C.C."}));
   EXPECT_EQ(desk.host.told.back(),
             "Cyan cells do not appear in both A and D clues");
   EXPECT_EQ(desk.state.List5.Read<Pos>().front().Text(), "01,02");
@@ -76,15 +80,14 @@ TEST(CheckGrid, BadLengthsHideEverythingElse) {
   Desk desk({"..#..", "..#..", "..#..", "..#..", "..#.."});
   const Verdict verdict = Check(desk);
   EXPECT_EQ(verdict.status, kBadLengths);
-  EXPECT_EQ(verdict.paint,
-            (Grid{"LL#LL", "LL#LL", "LL#LL", "LL#LL", "LL#LL"}));
+  EXPECT_EQ(verdict.paint, (Grid{"LL#LL", "LL#LL", "LL#LL", "LL#LL", "LL#LL"}));
   EXPECT_EQ(desk.host.told.back(),
             "Words at cells highlighted are of length <3 OR >20");
 }
 
 TEST(CheckGrid, AChainThatDividesIsRedAndWhatItShutsInIsShaded) {
-  Desk desk({"...#...", "...#...", "...#...", "...#...", "...#...",
-             "...#...", "...#..."});
+  Desk desk({"...#...", "...#...", "...#...", "...#...", "...#...", "...#...",
+             "...#..."});
   const Verdict verdict = Check(desk);
   EXPECT_EQ(verdict.status, kDividing);
   EXPECT_EQ(verdict.paint, Grid(7, "sssRsss"));
@@ -145,8 +148,8 @@ TEST(CheckGrid, KeysAreAsWideAsTheGridNeeds) {
 }
 
 TEST(CheckGrid, HaltEndsItWithoutAMessage) {
-  Desk desk({"...#...", "...#...", "...#...", "...#...", "...#...",
-             "...#...", "...#..."});
+  Desk desk({"...#...", "...#...", "...#...", "...#...", "...#...", "...#...",
+             "...#..."});
   desk.host.haltAtPoll = 60;
   EXPECT_EQ(CheckGrid(desk.state, desk.ports(), false), kCheckOk);
   EXPECT_TRUE(desk.host.told.empty());

@@ -10,8 +10,8 @@
 #include "tests/fakes.h"
 
 TEST(BlackPair, IsRefusedWhereItWouldSpoilTheGrid) {
-  Desk desk({".......", ".......", ".......", "...A...", ".......",
-             ".......", "......."});
+  Desk desk({".......", ".......", ".......", "...A...", ".......", ".......",
+             "......."});
   const auto may = [&](int row, int col) {
     return CanPlaceBlack(desk.state, {row, col});
   };
@@ -43,9 +43,9 @@ TEST(BlackPair, TheCentreIsItsOwnMirror) {
 namespace {
 
 // Its longest slots are rows 3 and 5.
-const std::vector<std::string> kTwoLongRows = {
-    "#..#..#", "#..#..#", ".......", "###.###",
-    ".......", "#..#..#", "#..#..#"};
+const std::vector<std::string> kTwoLongRows = {"#..#..#", "#..#..#", ".......",
+                                               "###.###", ".......", "#..#..#",
+                                               "#..#..#"};
 
 }  // namespace
 
@@ -106,16 +106,15 @@ RC_GTEST_PROP(Layouts, AreSymmetricSoundAndAtTheirTarget,
   }
   AssertSymmetricAndOpen(desk.state);
   // Lattices have runs of one cell; runs of two never arise.
-  for (const Slot& slot : FindSlots(desk.state, 2))
-    RC_ASSERT(slot.length != 2);
+  for (const Slot& slot : FindSlots(desk.state, 2)) RC_ASSERT(slot.length != 2);
   if (lattice)
     for (const Slot& slot : desk.state.SlotCells.Slots())
       RC_ASSERT(slot.length <= LongestWordLength || desk.host.waitedForHalt);
   RC_ASSERT(desk.state.BlackSquareCount >= desk.state.BlackTarget ||
             desk.host.waitedForHalt);
-  RC_ASSERT(desk.host.told.back() ==
-            Str(desk.state.BlackSquareCount) + " Squares and" +
-                desk.state.Label1 + " Clues");
+  RC_ASSERT(desk.host.told.back() == Str(desk.state.BlackSquareCount) +
+                                         " Squares and" + desk.state.Label1 +
+                                         " Clues");
   RC_ASSERT(desk.host.pointer == PointerShape::Normal);
 }
 
@@ -125,9 +124,9 @@ TEST(Layouts, TargetsFollowFromTheSize) {
     int target;
     const char* share;
   };
-  for (const Case& c : {Case{5, 5, " = 10%"}, Case{9, 8, " = 15%"},
-                        Case{13, 38, " = 20%"}, Case{15, 59, " = 24%"},
-                        Case{21, 125, " = 30%"}}) {
+  for (const Case& c :
+       {Case{5, 5, " = 10%"}, Case{9, 8, " = 15%"}, Case{13, 38, " = 20%"},
+        Case{15, 59, " = 24%"}, Case{21, 125, " = 30%"}}) {
     Desk desk;
     desk.state.Text3 = std::to_string(c.size);
     desk.host.haltAtPoll = 0;  // before the count replaces the share

@@ -1,7 +1,6 @@
 #include "layout/split.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "grid/new_grid.h"
 #include "layout/black_pair.h"
@@ -65,9 +64,9 @@ bool CanSplit(State& state, const Slot& slot) {
 }  // namespace
 
 std::optional<Pos> SplitLongestSlot(State& state, Ports ports) {
-  for (const SlotRow& row : std::views::reverse(state.List2.Read<SlotRow>())) {
-    if (const auto cell = SplitSlot(state, ports, row.slot)) return cell;
-  }
+  const auto& rows = state.List2.Read<SlotRow>();
+  for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+    if (const auto cell = SplitSlot(state, ports, row->slot)) return cell;
   return std::nullopt;
 }
 

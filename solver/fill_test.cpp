@@ -89,13 +89,16 @@ TEST(Fill, RefusesWhatCannotBeFilled) {
 TEST(Fill, StartsWhereTheUserSays) {
   const WordTable words = Dictionary(kRingWords);
   Desk desk(kRing);
-  desk.host.script = {{"Enter clue number to start a solution\r\nFor example: "
-                       "22A or 11D etc ",
-                       ""}};
-  EXPECT_EQ(RunFill(desk, words, StartLocation::Specified), FillOutcome::Refused);
+  desk.host.script = {
+      {"Enter clue number to start a solution\r\nFor example: "
+       "22A or 11D etc ",
+       ""}};
+  EXPECT_EQ(RunFill(desk, words, StartLocation::Specified),
+            FillOutcome::Refused);
   EXPECT_TRUE(desk.host.told.empty());
   desk.host.script = {{"Enter", " 99x "}};
-  EXPECT_EQ(RunFill(desk, words, StartLocation::Specified), FillOutcome::Refused);
+  EXPECT_EQ(RunFill(desk, words, StartLocation::Specified),
+            FillOutcome::Refused);
   EXPECT_EQ(desk.host.told.back(), "No such clue: 99X");
   desk.host.script = {{"Enter", "3a"}, {"Tried", "abort"}};
   desk.host.log = true;
@@ -131,7 +134,8 @@ TEST(Fill, GoesOnAfterHalt) {
   EXPECT_FALSE(desk.state.haltRequested);
   EXPECT_TRUE(desk.state.frames.GridFrame);
   desk.host.told.clear();
-  ASSERT_EQ(RunFill(desk, words, StartLocation::Resume), FillOutcome::Completed);
+  ASSERT_EQ(RunFill(desk, words, StartLocation::Resume),
+            FillOutcome::Completed);
   EXPECT_EQ(desk.host.told, std::vector<std::string>{"Solution completed"});
   EXPECT_EQ(desk.state.WordProg.Value, desk.state.WordProg.Max);
 
@@ -144,7 +148,8 @@ TEST(Fill, GoesOnAfterHalt) {
     EXPECT_TRUE(placed.insert(word).second) << word << " stands twice";
   }
   // Nothing is left to do.
-  EXPECT_EQ(RunFill(desk, words, StartLocation::Resume), FillOutcome::Completed);
+  EXPECT_EQ(RunFill(desk, words, StartLocation::Resume),
+            FillOutcome::Completed);
 }
 
 TEST(Census, HardSlotsComeFirst) {
@@ -154,7 +159,7 @@ TEST(Census, HardSlotsComeFirst) {
   ASSERT_TRUE(TakeCensus(desk.state, words, desk.host));
   // Three words over one, two and three crossings; 1.5 rounds to 2.
   EXPECT_EQ(Texts(desk.state.List3.Read<CensusRow>()),
-            (std::vector<std::string>{
-                "0000105D 01,01", "0000105D 01,05", "0000205A 02,01",
-                "0000205A 04,01", "0000303A 01,01", "0000303A 05,03"}));
+            (std::vector<std::string>{"0000105D 01,01", "0000105D 01,05",
+                                      "0000205A 02,01", "0000205A 04,01",
+                                      "0000303A 01,01", "0000303A 05,03"}));
 }

@@ -44,8 +44,7 @@ TEST(FindMatches, UsedWordsAreLeftOutUntilTheyAreTakenBack) {
   matcher.UseWord(Word("CAT"), false);
   EXPECT_EQ(Matches(matcher, "C??").size(), 1u) << "the newest mark counts";
   // A new matcher reads the list of used words.
-  EXPECT_EQ(Texts(state.List1.Read<UsedWord>()),
-            (Rows_{"CAT", "CAT", "CAT"}));
+  EXPECT_EQ(Texts(state.List1.Read<UsedWord>()), (Rows_{"CAT", "CAT", "CAT"}));
   Matcher second(state, words);
   EXPECT_EQ(Matches(second, "C??").size(), 1u);
 }
@@ -76,8 +75,7 @@ TEST(CountMaskMatches, ALetteredSlotCountsWhenItsWordIsUnknown) {
   Desk desk({"CAT#.", "XYZ#.", ".....", ".....", "....."});
   auto& rows = desk.state.List2.Refill<SlotRow>();
   for (const Slot& slot : desk.state.SlotCells.Slots())
-    if (slot.length == 3)
-      rows.push_back({slot, SlotMask(desk.state, slot)});
+    if (slot.length == 3) rows.push_back({slot, SlotMask(desk.state, slot)});
   Matcher matcher(desk.state, words);
   EXPECT_EQ(matcher.CountMaskMatches(), kAllMasksFillable);
   EXPECT_EQ(Texts(desk.state.List5.Read<CountRow>()),
@@ -89,8 +87,7 @@ TEST(CheckAllMasks, NamesTheSlotThatCannotBeFilled) {
   Desk desk({"B...Y", ".###.", ".#.#.", ".###.", "....."});
   BuildMaskList(desk.state);
   CheckAllMasks(desk.state, words, desk.host);
-  EXPECT_EQ(desk.host.told.back(),
-            "cannot find match to mask:05D 01,01=B????");
+  EXPECT_EQ(desk.host.told.back(), "cannot find match to mask:05D 01,01=B????");
   // ABBEY fits both; only then is the other one without a word.
   desk.SetGrid({"A...Y", "B###.", "B#.#.", "E###.", "Y...."});
   desk.state.List7.Clear();

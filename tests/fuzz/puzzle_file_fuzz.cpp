@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data,
     QuietDesk desk;
     ShowPuzzle(desk.state, desk.ports(), puzzle);
     const std::string text = PuzzleText(desk.state);
-    const FuzzFile again(
-        reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    const FuzzFile again(reinterpret_cast<const std::uint8_t*>(text.data()),
+                         text.size());
     if (ReadPuzzle(again.Path()).cells != puzzle.cells) std::abort();
   } catch (const FileError&) {
   }
