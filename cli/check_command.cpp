@@ -22,7 +22,7 @@ int RunCheck(const std::string& puzzle) {
   CliSession session;
   session.OpenPuzzle(puzzle);
   std::ostringstream message;
-  session.host.messages = &message;
+  session.host.output = &message;
   const CheckStatus result = CheckGrid(session.state, session.ports(), false);
   for (const auto& [cell, colour] : session.picture.paint)
     if (const char* name = PaintName(colour))

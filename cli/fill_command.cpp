@@ -26,7 +26,7 @@ int RunFill(const Options& options) {
   session.LoadWords(options.list);
   session.OpenPuzzle(options.puzzle);
   CliHost& host = session.host;
-  if (options.out == "-") host.messages = &std::cerr;
+  if (options.out == "-") host.output = &std::cerr;
   host.triesAnswers.assign(options.tries.begin(), options.tries.end());
   host.textAnswer = options.start;
   host.log = options.log;
@@ -40,10 +40,10 @@ int RunFill(const Options& options) {
                                        : StartLocation::Specified);
   const std::chrono::duration<double> seconds = Clock::now() - begin;
 
-  *host.messages << GridText(session.state) << report.slotsSolved
-                 << " slots solved, " << report.candidatesTried
-                 << " candidates tried, " << report.backtracks
-                 << " backtracks, " << seconds.count() << " seconds\n";
+  host.Out() << GridText(session.state) << report.slotsSolved
+             << " slots solved, " << report.candidatesTried
+             << " candidates tried, " << report.backtracks << " backtracks, "
+             << seconds.count() << " seconds\n";
   if (!options.out.empty() && report.outcome != FillOutcome::Refused)
     session.SavePuzzle(options.out);
   return report.outcome == FillOutcome::Completed ? kDone : kNotCompleted;

@@ -51,7 +51,7 @@ int InspectCrossings(CliSession& session) {
 }
 
 int InspectCriticality(CliSession& session) {
-  session.host.messages = &std::cerr;
+  session.host.output = &std::cerr;
   const bool complete = TakeCensus(session.state, session.words, session.host);
   for (const CensusRow& row : session.state.List3.Read<CensusRow>())
     std::cout << row.Text() << "\n";

@@ -20,7 +20,7 @@ struct LayoutOptions {
 
 int RunLayout(const LayoutOptions& options) {
   CliSession session;
-  if (options.out == "-") session.host.messages = &std::cerr;
+  if (options.out == "-") session.host.output = &std::cerr;
   session.host.answerYes = !options.noSplit;
   if (options.seed) session.host.Seed(*options.seed);
   session.state.Text3 = std::to_string(options.size);
@@ -37,7 +37,7 @@ int RunSplit(const std::string& puzzle, const std::string& out,
              const std::optional<std::uint64_t>& seed) {
   CliSession session;
   session.OpenPuzzle(puzzle);
-  if (out == "-") session.host.messages = &std::cerr;
+  if (out == "-") session.host.output = &std::cerr;
   if (seed) session.host.Seed(*seed);
   const int before = session.state.BlackSquareCount;
   SplitMaxLine(session.state, session.ports());

@@ -22,14 +22,21 @@ void Interrupt(int) {
 }  // namespace
 
 CliHost::CliHost(State& state)
-    : messages(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {
+    : output(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {
   std::signal(SIGINT, Interrupt);
 }
 
+std::ostream& CliHost::Out() {
+  if (progressIsShown_) std::cerr << "\r\033[K";
+  progressIsShown_ = false;
+  return *output;
+}
+
 void CliHost::Tell(std::string_view text) {
+  std::ostream& out = Out();
   for (char c : text)
-    if (c != '\r') *messages << c;
-  *messages << "\n";
+    if (c != '\r') out << c;
+  out << "\n";
 }
 
 bool CliHost::AskYesNo(std::string_view) {
@@ -53,7 +60,7 @@ std::string CliHost::AskFileName(const FileRequest&) {
 }
 
 void CliHost::ShowLogLine(std::string_view line) {
-  *messages << line << "\n";
+  Out() << line << "\n";
 }
 
 void CliHost::Poll() {
@@ -65,7 +72,8 @@ void CliHost::Poll() {
 void CliHost::ShowProgress() {
   const ProgressBar& fill = state_.WordProg;
   std::cerr << "\r" << fill.Value << " of " << fill.Max << " cells  "
-            << state_.ProgBar.Caption << "\033[K\r";
+            << state_.ProgBar.Caption << "\033[K";
+  progressIsShown_ = true;
 }
 
 // Runs start with the log off; whoever wants it switches it on when the

@@ -20,11 +20,13 @@ class CliHost : public Host {
  public:
   explicit CliHost(State& state);
 
-  std::ostream* messages;                // where Tell prints
+  std::ostream* output;                  // of messages and the log
   std::deque<TriesAnswer> triesAnswers;  // then Abort
   bool answerYes = true;                 // to every question
   std::string textAnswer;                // to every prompt
   bool log = false;                      // print the solver's log
+  // The output, with no progress line in the way.
+  std::ostream& Out();
   void Seed(std::uint64_t seed) { random_.seed(seed); }
 
   void Tell(std::string_view text) override;
@@ -47,6 +49,7 @@ class CliHost : public Host {
   State& state_;
   std::mt19937_64 random_{std::random_device{}()};
   bool showsProgress_;
+  bool progressIsShown_ = false;
   int polls_ = 0;
 };
 

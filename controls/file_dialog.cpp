@@ -31,6 +31,7 @@ QString FNDialog::WithExtension(const QString& name, const QString& fileTypes) {
   // A dot in the name of a folder is none of the file's.
   const auto dot = name.lastIndexOf('.');
   if (dot < 0 || dot < name.lastIndexOf('/')) return name + extension;
+  // Kept: an extension that only begins with it is left as it is.
   if (name.mid(dot, kExtensionLength) == extension) return name;
   return name.left(dot) + extension;
 }

@@ -7,7 +7,6 @@
 #include <QNetworkReply>
 #include <QPushButton>
 #include <QTextBrowser>
-#include <QUrlQuery>
 
 namespace {
 
@@ -83,8 +82,9 @@ bool LookupForm::IsOfService(const QUrl& url) const {
 void LookupForm::Ask(const QUrl& url) {
   current_ = url;
   if (address_.isEmpty()) {
-    page_->setHtml(
-        builtIn_(QUrlQuery(url).queryItemValue("term", QUrl::FullyDecoded)));
+    // All of it: the word is appended as it is, whatever is in it.
+    const QString query = url.query(QUrl::FullyDecoded);
+    page_->setHtml(builtIn_(query.mid(query.indexOf('=') + 1)));
     return;
   }
   if (url.scheme() != "http" && url.scheme() != "https") {

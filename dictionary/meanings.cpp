@@ -229,7 +229,12 @@ std::string Escaped(std::string_view text) {
 
 std::string Link(const std::string& word) {
   std::string term;
-  for (char c : word) term += c == ' ' ? '+' : c;
+  for (char c : word) {
+    if (c == ' ')
+      term += "%20";
+    else
+      term += c;
+  }
   return "<a href=\"/cgi-bin/dict.pl?term=" + Escaped(term) + "\">" +
          Escaped(word) + "</a>";
 }

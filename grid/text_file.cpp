@@ -24,8 +24,7 @@ constexpr std::size_t kLargestFile = 1 << 28;
 // A file that is open for writing.
 class OutputFile {
  public:
-  OutputFile(std::string path, int descriptor)
-      : path_(std::move(path)), descriptor_(descriptor) {}
+  explicit OutputFile(int descriptor) : descriptor_(descriptor) {}
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
   ~OutputFile() {
@@ -52,12 +51,11 @@ class OutputFile {
   }
 
  private:
-  std::string path_;
   int descriptor_;
 };
 
 void WriteInPlace(const std::string& path, std::string_view content) {
-  OutputFile out(path, open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  OutputFile out(open(path.c_str(), O_WRONLY | O_CLOEXEC));
   if (out.Descriptor() < 0 || !out.Write(content) || !out.Close())
     FailWith(path, "cannot be written", errno);
 }
@@ -149,11 +147,12 @@ void WriteFile(const std::string& path, std::string_view content) {
     return;
   }
   std::string temporary = target.string() + ".XXXXXX";
-  OutputFile out(temporary, mkostemp(temporary.data(), O_CLOEXEC));
+  OutputFile out(mkostemp(temporary.data(), O_CLOEXEC));
   if (out.Descriptor() < 0) FailWith(path, "cannot be written", errno);
-  const bool done = out.Write(content) &&
-                    fchmod(out.Descriptor(), ModeFor(target)) == 0 &&
-                    fsync(out.Descriptor()) == 0 && out.Close() &&
+  // Where a file system knows no modes, the file is written all the same.
+  (void)fchmod(out.Descriptor(), ModeFor(target));
+  const bool done = out.Write(content) && fsync(out.Descriptor()) == 0 &&
+                    out.Close() &&
                     rename(temporary.c_str(), target.c_str()) == 0;
   if (!done) {
     const int failure = errno;

@@ -5,19 +5,18 @@
 #include <QBuffer>
 #include <QClipboard>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QProcess>
 
 #include "files/publish.h"
 #include "grid/drawing.h"
 #include "tests/fakes.h"
-#include "tests/qt_application.h"
 
 namespace {
 
 // A small puzzle on a real picture, with a highlighted cell.
 struct Drawn {
   Drawn() {
-    NeedApplication();
     DrawGridLines(desk.state, picture);
     RedrawAllCells(desk.state, picture);
     DrawCell(desk.state, picture, {2, 2}, ColourBlackSquare);
@@ -79,7 +78,6 @@ TEST(QtClipboard, TheBitmapFileHasThePicturesPixels) {
 }
 
 TEST(QtClipboard, OtherProgramsSeeTheCopyAndThenAnEmptyClipboard) {
-  NeedApplication();
   if (QGuiApplication::platformName() != "xcb")
     GTEST_SKIP() << "this platform's clipboard is the program's own";
   Drawn drawn;

@@ -19,7 +19,7 @@ QGroupBox* Frame(const char* name, const QString& caption) {
 
 QGridLayout* LayoutOf(QGroupBox* frame) {
   auto* layout = new QGridLayout(frame);
-  layout->setContentsMargins(8, 6, 8, 8);
+  layout->setContentsMargins(7, 5, 7, 7);
   layout->setSpacing(5);
   layout->setColumnStretch(0, 1);
   layout->setColumnStretch(1, 1);
@@ -101,7 +101,7 @@ void Gauge::paintEvent(QPaintEvent*) {
 // Frames4
 
 Frames4::Frames4(CommandBinding& binding, QWidget* parent) : QWidget(parent) {
-  setFixedWidth(152);
+  setFixedWidth(146);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(8);
@@ -130,10 +130,13 @@ QGroupBox* Frames4::BuildDictionary(CommandBinding& binding) {
   auto* layout = LayoutOf(frame);
   constexpr const char* kOptions[] = {"DictOpt(0)", "DictOpt(1)", "DictOpt(2)",
                                       "DictOpt(3)"};
+  auto* options = new QVBoxLayout;
+  options->setSpacing(1);
   for (int i = 0; i < 4; ++i) {
     DictOpt[i] = binding.Option(kOptions[i], "123u"[i]);
-    layout->addWidget(DictOpt[i], i / 2, i % 2);
+    options->addWidget(DictOpt[i]);
   }
+  layout->addLayout(options, 0, 0, 1, 2);
   layout->addWidget(Label3 = NewLabel<ElidedLabel>("Label3"), 2, 0, 1, 2);
   layout->addWidget(Label9 = NewLabel("Label9"), 3, 0, 1, 2);
   layout->addWidget(Text4 = Edit("Text4", tr("Word to look up")), 4, 0, 1, 2);

@@ -13,7 +13,6 @@
 
 #include "files/sheet.h"
 #include "tests/fakes.h"
-#include "tests/qt_application.h"
 #include "view/qt_picture_dialog.h"
 #include "view/qt_print_preview.h"
 
@@ -36,7 +35,6 @@ Widget* Find(const QWidget& window, const char* name) {
 }  // namespace
 
 TEST(PreviewDialog, ShowsThePagesAndEndsAcceptedByPrint) {
-  NeedApplication();
   State state;
   {
     const Desk desk = Lattice(51);
@@ -58,7 +56,6 @@ TEST(PreviewDialog, ShowsThePagesAndEndsAcceptedByPrint) {
 }
 
 TEST(PictureDialog, GivesWhatIsChosen) {
-  NeedApplication();
   PictureDialog dialog(nullptr, 15);
   const PictureChoice usual = dialog.Choice();
   EXPECT_EQ(usual.kind, PictureKind::Png);
@@ -79,7 +76,6 @@ TEST(PictureDialog, GivesWhatIsChosen) {
 }
 
 TEST(QtPublisher, AsksOnlyOnceAndTakesCancelForNothing) {
-  NeedApplication();
   QtPublisher publisher(nullptr);
   const auto press = [](bool accept) {
     QTimer::singleShot(0, [accept] {
@@ -100,7 +96,6 @@ TEST(QtPublisher, AsksOnlyOnceAndTakesCancelForNothing) {
 
 // Paper that is narrower than the two lists has everything smaller.
 TEST(Pages, NarrowPaperHoldsTheWholeSheet) {
-  NeedApplication();
   constexpr Paper kA5{8391, 11906};
   int width = 0;
   const std::string pdf = PagesAsPdf(kA5, "", [&](Canvas& canvas) {

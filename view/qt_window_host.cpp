@@ -104,7 +104,7 @@ void WindowHost::ShowLogLine(std::string_view line) {
   box.setDefaultButton(next);
   box.setEscapeButton(next);
   box.exec();
-  if (box.clickedButton() == halt) state_.haltRequested = true;
+  if (box.clickedButton() == halt) state->haltRequested = true;
   sincePoll_.restart();
 }
 
@@ -116,12 +116,12 @@ void WindowHost::Poll() {
 }
 
 void WindowHost::AwaitHalt(std::string_view why) {
-  const std::string caption = state_.ProgBar.Caption;
-  state_.ProgBar.Caption = std::string(why) + ": press Halt";
+  const std::string caption = state->ProgBar.Caption;
+  state->ProgBar.Caption = std::string(why) + ": press Halt";
   showState();
-  if (!state_.haltRequested)
+  if (!state->haltRequested)
     QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  state_.ProgBar.Caption = caption;
+  state->ProgBar.Caption = caption;
 }
 
 void WindowHost::Pointer(PointerShape shape) {

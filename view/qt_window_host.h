@@ -15,7 +15,7 @@ class FNDialog;
 
 class WindowHost : public Host {
  public:
-  explicit WindowHost(State& state) : state_(state) {}
+  State* state = nullptr;
 
   // The window fills these in.
   QWidget* window = nullptr;
@@ -49,7 +49,6 @@ class WindowHost : public Host {
   int Box(std::string_view text, QMessageBox::StandardButtons buttons,
           QMessageBox::StandardButton onEscape);
 
-  State& state_;
   QElapsedTimer sincePoll_;
   bool hourglass_ = false;
   std::optional<std::mt19937_64> seeded_;
