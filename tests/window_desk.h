@@ -103,7 +103,7 @@ class WindowDesk {
     } else if (auto* dialog = qobject_cast<QDialog*>(shown)) {
       boxes.push_back(dialog->windowTitle().toStdString());
       if (onDialog) onDialog(dialog);
-      dialog->reject();
+      if (dialog->isVisible()) dialog->reject();
     }
   }
 

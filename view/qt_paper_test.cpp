@@ -31,7 +31,7 @@ struct PaperDesk : WindowDesk {
       if (!files) return dialog->accept();
       filters = files->nameFilters();
       files->selectFile(QString::fromStdString(Folder()) + "/" + name);
-      files->accept();
+      dialog->accept();
     };
     return Folder() + "/" + name.toStdString();
   }
