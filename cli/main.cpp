@@ -29,6 +29,8 @@ int Run(int argc, char** argv) {
   AddUnpackCommand(app, status);
   AddAutofillCommand(app, status);
   AddSuggestCommand(app, status);
+  AddSheetCommand(app, status);
+  AddPictureCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -112,49 +112,56 @@ void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle) {
   EnableFrames(state);
 }
 
-void LoadPuzzle(State& state, Ports ports) {
-  const std::string path = ports.host.AskFileName(
-      RequestPuzzle(FileRequest::Mode::Open, "Select a saved solution file"));
-  if (path.empty()) return;
+bool OpenPuzzle(State& state, Ports ports, const std::string& path) {
   try {
     const Puzzle puzzle = ReadPuzzle(path);
     ports.host.Pointer(PointerShape::Hourglass);
     ShowPuzzle(state, ports, puzzle);
   } catch (const EvenGridSize&) {
     ports.host.Tell("Grid size must be an odd number");
-    return;
+    return false;
   } catch (const FileError&) {
     ports.host.Tell("error loading: " + path);
-    return;
+    return false;
   }
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;
   ports.host.Pointer(PointerShape::Normal);
-  ports.host.Tell(path + " loaded");
+  return true;
 }
 
-void SavePuzzleAs(State& state, Ports ports) {
+bool LoadPuzzle(State& state, Ports ports) {
+  const std::string path = ports.host.AskFileName(
+      RequestPuzzle(FileRequest::Mode::Open, "Select a saved solution file"));
+  if (path.empty() || !OpenPuzzle(state, ports, path)) return false;
+  ports.host.Tell(path + " loaded");
+  return true;
+}
+
+bool SavePuzzleAs(State& state, Ports ports) {
   const std::string path = ports.host.AskFileName(
       RequestPuzzle(FileRequest::Mode::Save, "Select a file to save solution"));
-  if (path.empty() || !ConfirmOverwrite(ports.host, path)) return;
+  if (path.empty() || !ConfirmOverwrite(ports.host, path)) return false;
   ports.host.Pointer(PointerShape::Hourglass);
   WriteFile(path, PuzzleText(state));
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;
   ports.host.Pointer(PointerShape::Normal);
   ports.host.Tell("Saved to: " + path);
+  return true;
 }
 
-void UpdatePuzzle(State& state, Ports ports) {
+bool UpdatePuzzle(State& state, Ports ports) {
   const std::string& path = state.PuzzleFileName;
   if (path.empty()) {
     ports.host.Tell("No file name to save");
-    return;
+    return false;
   }
-  if (!ports.host.AskYesNo("Update " + path + " ?")) return;
+  if (!ports.host.AskYesNo("Update " + path + " ?")) return false;
   ports.host.Pointer(PointerShape::Hourglass);
   WriteFile(path, PuzzleText(state));
   ports.host.Pointer(PointerShape::Normal);
+  return true;
 }
 
 bool ConfirmOverwrite(Host& host, const std::string& path) {

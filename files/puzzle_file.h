@@ -39,10 +39,14 @@ std::string GridText(const State& state);
 // Makes a puzzle the state's puzzle, numbered and drawn.
 void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle);
 
-// The commands.
-void LoadPuzzle(State& state, Ports ports);
-void SavePuzzleAs(State& state, Ports ports);
-void UpdatePuzzle(State& state, Ports ports);
+// Reads a puzzle and makes it the state's, with its file's name.  Tells of a
+// file that is no puzzle; the state is then as it was.
+bool OpenPuzzle(State& state, Ports ports, const std::string& path);
+
+// The commands; each returns whether it loaded or saved.
+bool LoadPuzzle(State& state, Ports ports);
+bool SavePuzzleAs(State& state, Ports ports);
+bool UpdatePuzzle(State& state, Ports ports);
 
 // Whether a file may be written: it is not there, is empty, or the user
 // agrees that it is replaced.

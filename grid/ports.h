@@ -4,6 +4,9 @@
 
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -32,6 +35,11 @@ enum class PointerShape { Normal, Hourglass };
 
 enum class TriesAnswer { Abort = 3, Retry = 4, Ignore = 5 };
 
+enum class UnsavedAnswer { Save, Discard, Cancel };
+
+// What the program opens beside its messages.
+enum class Window { BlacksMenu, SolutionMenu, Overview, Help, About, Meaning };
+
 // What a file name is asked for with.
 struct FileRequest {
   enum class Mode { Open, Save };
@@ -54,6 +62,17 @@ class Host {
                               std::string_view preset) = 0;
   // The full path of a file; "" when cancelled.
   virtual std::string AskFileName(const FileRequest& request) = 0;
+
+  // Whether to save a puzzle that is about to be replaced.
+  virtual UnsavedAnswer AskUnsaved(std::string_view) {
+    return UnsavedAnswer::Discard;
+  }
+
+  // Opens a window or a pop-up menu and returns when the user can work with
+  // it; Meaning returns when it is closed.  Nothing where there is no screen.
+  virtual void Open(Window) {}
+  // Leaves the program when no command runs, unless the user cancels.
+  virtual void Quit() {}
 
   // A line that the solver's log has just taken; returns when the user has
   // seen it, which makes the fill run step by step.
@@ -93,6 +112,103 @@ class Picture {
   // A cell's clue number (0 for none) and letter, in place of those that
   // were there.
   virtual void CellText(Pos cell, int number, char letter) = 0;
+};
+
+// A rectangle, in twips.
+struct Box {
+  int left = 0, top = 0, right = 0, bottom = 0;
+  bool operator==(const Box&) const = default;
+};
+
+struct TextStyle {
+  double points = 10;  // font size
+  bool bold = false;
+  bool fixedPitch = false;  // as wide as Courier New: 0.6 of the font size
+};
+
+// Pages to draw on.  Positions are twips from the top left of the part of a
+// page that can be printed on.
+class Canvas {
+ public:
+  virtual ~Canvas() = default;
+
+  // The part of a page that can be printed on.
+  virtual int Width() const = 0;
+  virtual int Height() const = 0;
+
+  virtual int TextWidth(std::string_view text,
+                        const TextStyle& style) const = 0;
+
+  // A line of a width along the edges of a box, half of it outside.
+  virtual void Outline(const Box& box, Colour colour, int width) = 0;
+  virtual void Fill(const Box& box, Colour colour) = 0;
+  // A line of ISO 8859-1 text, black, whose top left is at (x, y).
+  virtual void Text(int x, int y, std::string_view text,
+                    const TextStyle& style) = 0;
+  // Goes on to the next page.
+  virtual void NewPage() = 0;
+};
+
+// Why nothing came out of the printer, in plain words for the user.
+class PrintError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The system's default printer.  Each call throws PrintError where it fails.
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  // Begins a document on the printer's paper.  The canvas holds until Send.
+  virtual Canvas& Begin(std::string_view title) = 0;
+  // Ends the document and sends it to the printer.
+  virtual void Send() = 0;
+  // Waits a moment for word of what was sent; true when it is printed, or
+  // takes so long that there is no point in waiting for more.
+  virtual bool Settled() = 0;
+};
+
+// What a picture of the puzzle is made as.
+enum class PictureKind { Png, Svg, Bmp };
+
+struct PictureChoice {
+  PictureKind kind = PictureKind::Png;
+  double scale = 1;  // 1 is as on the screen
+  bool letters = true;
+};
+
+// The system's clipboard, for bitmaps of the grid picture.
+class BitmapClipboard {
+ public:
+  virtual ~BitmapClipboard() = default;
+
+  // Puts the grid picture's pixels on the clipboard.
+  virtual void CopyPicture() = 0;
+  // The clipboard's bitmap as the bytes of a .bmp file.
+  virtual std::string Bitmap() = 0;
+  virtual void Empty() = 0;
+};
+
+using DrawPages = std::function<void(Canvas&)>;
+
+struct State;
+
+// Makes files of the puzzle and shows its pages.
+class Publisher {
+ public:
+  virtual ~Publisher() = default;
+
+  // The bytes of a PDF file, on the paper that the user usually prints on.
+  virtual std::string Pdf(std::string_view title, const DrawPages& draw) = 0;
+  // Asks what a picture is to be like; nothing when cancelled.
+  virtual std::optional<PictureChoice> AskPicture(int gridSize) = 0;
+  // The bytes of a picture file.
+  virtual std::string PictureFile(const State& state,
+                                  const PictureChoice& choice) = 0;
+  // Shows pages until the user has seen enough; returns whether they are to
+  // be printed.
+  virtual bool Preview(const DrawPages& draw) = 0;
 };
 
 struct Ports {

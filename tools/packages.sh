@@ -3,10 +3,17 @@ build_packages=(
   g++ cmake ninja-build python3          # tools
   libcli11-dev nlohmann-json3-dev        # command line
   qt6-base-dev                           # window, paper and pictures
+  libcups2-dev fonts-liberation2         # printing, and its fonts
+  wordnet-base                           # meanings of words
   scowl                                  # word lists
 )
 test_packages=(
   libgtest-dev librapidcheck-dev         # unit and property tests
   libbenchmark-dev                       # benchmarks
+  cups cups-client cups-filters          # a print service for the tests
+  ghostscript printer-driver-cups-pdf
+  poppler-utils xclip                    # looking at pages and pictures
   clang-14 libclang-rt-14-dev            # fuzz targets
+  xvfb xauth openbox xdotool x11-utils   # the program from outside
+  desktop-file-utils appstream           # checks of what is installed
 )

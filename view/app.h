@@ -3,8 +3,18 @@
 
 #pragma once
 
+#include <string>
+
 #include "dictionary/word_table.h"
 #include "grid/state.h"
+
+// What only some programs can do; a command that needs what is not there
+// does nothing.
+struct Outlets {
+  Printer* printer = nullptr;
+  BitmapClipboard* clipboard = nullptr;
+  Publisher* publisher = nullptr;
+};
 
 struct App {
   State state;
@@ -12,6 +22,8 @@ struct App {
   Host& host;
   Picture& picture;
   bool taskRuns = false;  // a command has started and not ended
+  std::string savedText{};  // the puzzle as last loaded, saved or begun
+  Outlets outlets{};
 
   Ports ports() { return {host, picture}; }
 };

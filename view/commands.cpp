@@ -5,7 +5,9 @@
 
 #include "dictionary/find_word.h"
 #include "dictionary/read_dictionary.h"
+#include "files/publish.h"
 #include "files/puzzle_file.h"
+#include "files/sheet.h"
 #include "grid/drawing.h"
 #include "grid/new_grid.h"
 #include "grid/slots.h"
@@ -15,6 +17,9 @@
 #include "solver/census.h"
 #include "solver/fill.h"
 #include "solver/matcher.h"
+#include "view/cell_editing.h"
+#include "view/test_buttons.h"
+#include "view/unsaved.h"
 
 namespace {
 
@@ -60,6 +65,52 @@ void Halt(App& app) {
   app.host.Pointer(PointerShape::Normal);
 }
 
+void PrintGrid(App& app) {
+  if (!app.outlets.printer) return;
+  if (app.host.AskYesNo("Do you want to print grid?"))
+    PrintPuzzle(app.state, app.host, *app.outlets.printer, SheetMode::GridOnly);
+}
+
+void PrintSolution(App& app) {
+  if (!app.outlets.printer) return;
+  if (app.host.AskYesNo("Do you want to print solution?"))
+    PrintPuzzle(app.state, app.host, *app.outlets.printer, SheetMode::Full);
+}
+
+void CopyPicture(App& app) {
+  if (app.outlets.clipboard) CopyToBitmap(app.host, *app.outlets.clipboard);
+}
+
+void ShowPreview(App& app) {
+  const Outlets& outlets = app.outlets;
+  if (outlets.publisher && outlets.printer)
+    PreviewSheet(app.state, app.host, *outlets.publisher, *outlets.printer);
+}
+
+void SavePdf(App& app) {
+  if (app.outlets.publisher)
+    SaveAsPdf(app.state, app.host, *app.outlets.publisher);
+}
+
+void SavePicture(App& app) {
+  if (app.outlets.publisher)
+    SaveAsPicture(app.state, app.host, *app.outlets.publisher);
+}
+
+template <Window window>
+void Open(App& app) {
+  app.host.Open(window);
+}
+
+template <bool (*saveOrLoad)(State&, Ports)>
+void SaveOrLoad(App& app) {
+  if (saveOrLoad(app.state, app.ports())) NoteSaved(app);
+}
+
+void Load(App& app) {
+  if (MayLeavePuzzle(app)) SaveOrLoad<LoadPuzzle>(app);
+}
+
 void DoNothing(App&) {}
 
 constexpr auto kIdle = MayRun::WhenIdle;
@@ -69,6 +120,8 @@ constexpr Command kCommands[] = {
     {"Command2", "Draw", "Draw a grid", kIdle, Draw},
     {"Command22", "Clear", "Clear all words, leave balck squares intact", kIdle,
      Clear},
+    {"Command7", "Print", "Print the grid with black squares", kIdle,
+     PrintGrid},
     // DICTIONARY
     {"DictOpt(0)", "Level1", "", kIdle, Choose<0>},
     {"DictOpt(1)", "Level2", "", kIdle, Choose<1>},
@@ -76,7 +129,12 @@ constexpr Command kCommands[] = {
     {"DictOpt(3)", "Custom", "", kIdle, Choose<3>},
     {"Command6", "Find Word", "Find a word in the dictionary", kIdle,
      TellFoundWord},
+    {"Command4", "Find Meaning",
+     "Find meaning of a word from the WordNet dictionary", kIdle,
+     Open<Window::Meaning>},
     // BLACK SQUARES
+    {"Command1", "Insert", "Insert black squares in grid", kIdle,
+     Open<Window::BlacksMenu>},
     {"blackrand", "Random", "", kIdle,
      [](App& app) { RandomBlackSquares(app.state, app.ports()); }},
     {"black2x2", "2x2 Pattern", "", kIdle,
@@ -85,6 +143,8 @@ constexpr Command kCommands[] = {
     {"Command19", "Check", "Check the validity of black square placements",
      kIdle, Check},
     // SOLUTION
+    {"Command20", "Compile", "Find solution", kIdle,
+     Open<Window::SolutionMenu>},
     {"solx(0)", "Start Random Location", "", kIdle,
      Solve<StartLocation::Random>},
     {"solx(1)", "Specify Start Location", "", kIdle,
@@ -92,20 +152,44 @@ constexpr Command kCommands[] = {
     {"solx(2)", "Resume", "", kIdle, Solve<StartLocation::Resume>},
     {"solx(4)", "Cancel", "", kIdle, DoNothing},
     {"Command8", "Halt", "Halt the current solution", MayRun::Always, Halt},
+    {"Command18", "Print", "Print grid with black squares and letters", kIdle,
+     PrintSolution},
     // Main menu
-    {"loadx", "Load", "", kIdle,
-     [](App& app) { LoadPuzzle(app.state, app.ports()); }},
-    {"Savey", "Update", "", kIdle,
-     [](App& app) { UpdatePuzzle(app.state, app.ports()); }},
-    {"savex", "Save As", "", kIdle,
-     [](App& app) { SavePuzzleAs(app.state, app.ports()); }},
+    {"loadx", "Load", "", kIdle, Load},
+    {"Savey", "Update", "", kIdle, SaveOrLoad<UpdatePuzzle>},
+    {"savex", "Save As", "", kIdle, SaveOrLoad<SavePuzzleAs>},
+    {"copx", "Copy to Bitmap", "", kIdle, CopyPicture},
+    {"overviewx", "Overview", "", MayRun::Always, Open<Window::Overview>},
+    {"helpx", "Help", "", MayRun::Always, Open<Window::Help>},
+    {"aboutx", "About", "", MayRun::Always, Open<Window::About>},
+    {"exitx", "Exit", "", MayRun::Always, [](App& app) { app.host.Quit(); }},
+    // Below a separator
+    {"previewx", "Print Preview", "", kIdle, ShowPreview},
+    {"pdfx", "Save as PDF", "", kIdle, SavePdf},
+    {"picturex", "Save as Picture", "", kIdle, SavePicture},
     // Debug panel
     {"Command3", "CheckAllMasks", "", kIdle,
      [](App& app) { CheckAllMasks(app.state, app.words, app.host); }},
     {"Command15", "SplitMaxLine", "", kIdle,
      [](App& app) { SplitMaxLine(app.state, app.ports()); }},
-    {"Command23", "FindCriticality", "", kIdle,
+    {"Command23", "FindCriticality",
+     "List how hard each slot is to fill, hardest first", kIdle,
      [](App& app) { (void)TakeCensus(app.state, app.words, app.host); }},
+    {"Command10", "FitAcross2End",
+     "List the words that fit the clicked cell to the end of its row", kIdle,
+     FitToEnd<Direction::Across>},
+    {"Command16", "FitDown2End",
+     "List the words that fit the clicked cell to the end of its column", kIdle,
+     FitToEnd<Direction::Down>},
+    {"Command12", "FindWordLengths",
+     "List how many words of each length are loaded", kIdle, FindWordLengths},
+    {"Command5", "FindIntersection",
+     "List the masks that cross the clicked slot (right button: down)", kIdle,
+     FindIntersection<Direction::Across>},
+    {"Command5(1)", "FindIntersection", "", kIdle,
+     FindIntersection<Direction::Down>},
+    {"Command17", "Fill Current Cell",
+     "Put the letter into the cell at row 0, column 0", kIdle, FillCurrentCell},
 };
 
 // Marks that a command runs, also while commands run inside it.
@@ -129,17 +213,26 @@ std::span<const Command> AllCommands() {
   return kCommands;
 }
 
-const Command& CommandOf(std::string_view control) {
+const Command* FindCommand(std::string_view control) {
   const auto row = std::ranges::find(kCommands, control, &Command::control);
-  assert(row != std::end(kCommands));
+  return row == std::end(kCommands) ? nullptr : row;
+}
+
+const Command& CommandOf(std::string_view control) {
+  const Command* row = FindCommand(control);
+  assert(row);
   return *row;
 }
 
 bool RunCommand(App& app, const Command& command) {
-  if (app.taskRuns && command.mayRun == MayRun::WhenIdle) return false;
+  return RunAction(app, command.mayRun, [&] { command.operation(app); });
+}
+
+bool RunAction(App& app, MayRun mayRun, const std::function<void()>& action) {
+  if (app.taskRuns && mayRun == MayRun::WhenIdle) return false;
   const RunningTask running(app);
   try {
-    command.operation(app);
+    action();
   } catch (const FileError& error) {
     app.host.EndProgram(error.what());
   }

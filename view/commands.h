@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -27,9 +28,15 @@ struct Command {
 
 std::span<const Command> AllCommands();
 
+// The row of a control, or nullptr.
+const Command* FindCommand(std::string_view control);
 // The row of a control, which must have one.
 const Command& CommandOf(std::string_view control);
 
 // Runs a command if it may run now; returns whether it did.  A file that
 // cannot be read or written ends the program with a plain message.
 bool RunCommand(App& app, const Command& command);
+
+// The same for an action that no button stands for, like a click on the grid
+// picture.
+bool RunAction(App& app, MayRun mayRun, const std::function<void()>& action);

@@ -1,0 +1,125 @@
+// kelda: the desktop program.
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <string>
+
+#include "view/qt_clipboard.h"
+#include "view/qt_draw_printer.h"
+#include "view/qt_main_window.h"
+#include "view/qt_publisher.h"
+
+namespace {
+
+constexpr char kVersion[] = "1.0";
+
+constexpr char kUsage[] =
+    "Usage: kelda [OPTIONS] [FILE.kdp]\n"
+    "Makes, checks and fills crossword puzzles.\n"
+    "\n"
+    "  --dictionary-service URL  ask this service for meanings instead of the\n"
+    "                            built-in dictionary (or set\n"
+    "                            KELDA_DICTIONARY_SERVICE)\n"
+    "  --seed NUMBER             draw the same random numbers in every run\n"
+    "  --help                    show this text\n"
+    "  --version                 show the version\n"
+    "\n"
+    "For scripts there is kelda-cli.\n";
+
+struct Options {
+  std::string file;
+  std::string service;
+  std::string seed;
+};
+
+[[noreturn]] void FailUsage(const std::string& what) {
+  std::cerr << "kelda: " << what << "; see kelda --help\n";
+  std::exit(2);
+}
+
+Options ReadOptions(int argc, char** argv) {
+  Options options;
+  if (const char* service = std::getenv("KELDA_DICTIONARY_SERVICE"))
+    options.service = service;
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    const auto value = [&](const std::string& name, std::string& into) {
+      if (arg == name && i + 1 < argc) return into = argv[++i], true;
+      if (arg == name) FailUsage(name + " needs a value");
+      if (!arg.starts_with(name + "=")) return false;
+      into = arg.substr(name.size() + 1);
+      return true;
+    };
+    if (arg == "--help" || arg == "-h") {
+      std::cout << kUsage;
+      std::exit(0);
+    }
+    if (arg == "--version") {
+      std::cout << "Kelda " << kVersion << "\n";
+      std::exit(0);
+    }
+    if (value("--dictionary-service", options.service) ||
+        value("--seed", options.seed))
+      continue;
+    if (arg.starts_with("-")) FailUsage("there is no option " + arg);
+    if (!options.file.empty()) FailUsage("only one file can be opened");
+    options.file = arg;
+  }
+  return options;
+}
+
+// Says in one sentence that there is no display, in place of the toolkit's
+// own report.
+void ReportNoDisplay(QtMsgType type, const QMessageLogContext&,
+                     const QString&) {
+  if (type != QtFatalMsg) return;
+  std::cerr << "kelda: there is no display to show the window on; kelda-cli "
+               "works without one\n";
+  std::_Exit(1);
+}
+
+std::string HelpPage() {
+  const QString beside = QApplication::applicationDirPath() + "/kdpuzzle.htm";
+  if (QFileInfo::exists(beside)) return beside.toStdString();
+  return KELDA_DATA_DIR "/kdpuzzle.htm";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = ReadOptions(argc, argv);
+  if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
+      !std::getenv("QT_QPA_PLATFORM"))
+    ReportNoDisplay(QtFatalMsg, {}, {});
+  const auto before = qInstallMessageHandler(ReportNoDisplay);
+  QApplication application(argc, argv);
+  qInstallMessageHandler(before);
+  QApplication::setApplicationName("Kelda");
+  QApplication::setApplicationVersion(kVersion);
+  QApplication::setDesktopFileName("kelda");
+  QApplication::setWindowIcon(
+      QIcon::fromTheme("kelda", QIcon(":/kelda/kelda.png")));
+
+  QtPicture picture;
+  WindowHost host;
+  App app{{}, {}, host, picture};
+  host.state = &app.state;
+  if (!options.seed.empty())
+    host.Seed(std::strtoull(options.seed.c_str(), nullptr, 10));
+  MainWindow window(
+      app, host, picture,
+      {QString::fromStdString(options.service), Recovery::DefaultFolder(),
+       QString::fromStdString(HelpPage())});
+  DefaultPrinter printer;
+  QtBitmapClipboard clipboard(picture);
+  QtPublisher publisher(&window);
+  app.outlets = {&printer, &clipboard, &publisher};
+  window.show();
+  QApplication::processEvents();
+  window.Start(options.file);
+  return QApplication::exec();
+}

@@ -1,0 +1,59 @@
+#include "cli/drawing_files.h"
+
+#include <algorithm>
+#include <cctype>
+#include <iostream>
+#include <optional>
+#include <vector>
+
+#include "grid/text.h"
+#include "grid/text_file.h"
+
+namespace {
+
+struct KindName {
+  FileKind kind;
+  std::string_view end;
+};
+constexpr KindName kKindNames[] = {{FileKind::Pdf, ".PDF"},
+                                   {FileKind::Svg, ".SVG"},
+                                   {FileKind::Png, ".PNG"},
+                                   {FileKind::Bmp, ".BMP"}};
+
+std::optional<FileKind> KindByName(const std::string& name) {
+  const std::string upper = UpperCase(name);
+  for (const KindName& known : kKindNames)
+    if (upper.ends_with(known.end)) return known.kind;
+  return std::nullopt;
+}
+
+}  // namespace
+
+FileKind KindOf(const std::string& name, FileKind fallback) {
+  return KindByName(name).value_or(fallback);
+}
+
+CLI::Validator CheckKind(std::initializer_list<FileKind> kinds) {
+  return CLI::Validator(
+      [kinds = std::vector(kinds)](const std::string& name) -> std::string {
+        const auto kind = KindByName(name);
+        if (name == "-" ||
+            (kind && std::ranges::find(kinds, *kind) != kinds.end()))
+          return "";
+        std::string ends;
+        for (const KindName& known : kKindNames)
+          if (std::ranges::find(kinds, known.kind) != kinds.end())
+            for (char c :
+                 std::string(ends.empty() ? "" : ", ").append(known.end))
+              ends += static_cast<char>(std::tolower(c));
+        return name + ": the name must end in one of " + ends;
+      },
+      "FILE");
+}
+
+void WriteOutput(const std::string& name, std::string_view content) {
+  if (name == "-")
+    std::cout << content;
+  else
+    WriteFile(name, content);
+}

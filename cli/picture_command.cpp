@@ -1,0 +1,74 @@
+// kelda-cli picture: the grid as a picture file.
+
+#include <cmath>
+#include <cstdio>
+
+#include "cli/commands.h"
+#include "cli/drawing_files.h"
+#include "cli/session.h"
+#include "view/qt_draw_picture_file.h"
+#include "view/qt_draw_session.h"
+
+namespace {
+
+struct Options {
+  std::string puzzle;
+  std::string output;
+  double scale = 1;
+  bool blank = false;
+};
+
+PictureKind PictureKindOf(const std::string& name) {
+  switch (KindOf(name, FileKind::Png)) {
+    case FileKind::Bmp:
+      return PictureKind::Bmp;
+    case FileKind::Svg:
+      return PictureKind::Svg;
+    default:
+      return PictureKind::Png;
+  }
+}
+
+int RunPicture(const Options& options) {
+  CliSession session;
+  session.OpenPuzzle(options.puzzle);
+  const double largest = LargestPictureScale(session.state.GridSize);
+  if (options.scale > largest) {
+    std::fprintf(stderr,
+                 "kelda-cli: --scale: this puzzle's picture can be drawn at a "
+                 "scale of %g to %.1f\n",
+                 kLeastPictureScale, std::floor(largest * 10) / 10);
+    return kWrongUsage;
+  }
+  const DrawingSession drawing;
+  WriteOutput(options.output,
+              PictureFile(session.state, {PictureKindOf(options.output),
+                                          options.scale, !options.blank}));
+  return kDone;
+}
+
+}  // namespace
+
+void AddPictureCommand(CLI::App& app, int& status) {
+  auto options = std::make_shared<Options>();
+  CLI::App* command =
+      app.add_subcommand("picture", "Draw the grid as a picture.");
+  command->footer(
+      "No window or display is needed.\n"
+      "Example: kelda-cli picture puzzle.kdp -o puzzle.png --scale 3 --blank");
+  command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
+  command
+      ->add_option("-o,--output", options->output,
+                   "File to write: .bmp, .png or .svg; - is a PNG file on "
+                   "standard output")
+      ->required()
+      ->check(CheckKind({FileKind::Bmp, FileKind::Png, FileKind::Svg}));
+  command
+      ->add_option("--scale", options->scale,
+                   "How large: 1 is 28 pixels to a cell, as on the screen")
+      ->check(CLI::Range(kLeastPictureScale, 1000.0))
+      ->capture_default_str();
+  command->add_flag("--blank", options->blank,
+                    "Without letters, with clue numbers");
+  command->callback([options, &status] { status = RunPicture(*options); });
+}

@@ -1,0 +1,68 @@
+#include "controls/help_window.h"
+
+#include <QBoxLayout>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QUrl>
+
+HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
+  setObjectName("HelpForm");
+  setWindowTitle(tr("Kelda Help"));
+  resize(760, 640);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(4, 8, 4, 4);
+  auto* buttons = new QHBoxLayout;
+  layout->addLayout(buttons);
+  page_ = new QTextBrowser;
+  page_->setObjectName("WebBrowser1");
+  page_->setAccessibleName(tr("Help page"));
+  page_->setOpenLinks(false);
+  layout->addWidget(page_);
+  const auto add = [&](const char* name, const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    buttons->addWidget(button);
+    return button;
+  };
+  connect(add("Command1", tr("&Back")), &QPushButton::clicked, this, [this] {
+    if (IsAtAnchor()) page_->backward();
+  });
+  connect(add("Command2", tr("&Forward")), &QPushButton::clicked, this, [this] {
+    if (IsAtAnchor()) page_->forward();
+  });
+  buttons->addStretch();
+  connect(add("Command3", tr("E&xit")), &QPushButton::clicked, this,
+          &QWidget::close);
+  connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+    if (link.scheme() == "http" || link.scheme() == "https")
+      QDesktopServices::openUrl(link);
+    else if (link.path().isEmpty() || link.isRelative())
+      page_->setSource(link);
+  });
+}
+
+void HelpForm::ShowPage(const QString& path) {
+  if (QFileInfo::exists(path)) {
+    page_->setSource(QUrl::fromLocalFile(path));
+    page_->clearHistory();
+  } else {
+    page_->setPlainText(tr("The help page is missing: %1").arg(path));
+  }
+  show();
+  raise();
+  activateWindow();
+}
+
+bool HelpForm::IsAtAnchor() const {
+  return page_->source().toString().contains('#');
+}
+
+void HelpForm::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
+}

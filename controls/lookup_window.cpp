@@ -1,0 +1,136 @@
+#include "controls/lookup_window.h"
+
+#include <QBoxLayout>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPushButton>
+#include <QTextBrowser>
+
+namespace {
+
+constexpr char kPath[] = "/cgi-bin/dict.pl?term=";
+constexpr qint64 kLargestPage = 4 << 20;
+
+// A page that loads nothing: no pictures, no styles from elsewhere.
+class PageView : public QTextBrowser {
+ public:
+  QVariant loadResource(int, const QUrl&) override { return {}; }
+};
+
+}  // namespace
+
+LookupForm::LookupForm(const QString& word, const QString& address,
+                       BuiltIn builtIn, QWidget* parent)
+    : QDialog(parent),
+      address_(address),
+      builtIn_(std::move(builtIn)),
+      current_(address + kPath + word) {
+  setObjectName("Form3");
+  setWindowTitle(word.isEmpty() ? tr("Dictionary") : word);
+  resize(560, 480);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(4, 4, 4, 4);
+  page_ = new PageView;
+  page_->setObjectName("WbDictionary");
+  page_->setAccessibleName(tr("Meaning"));
+  page_->setOpenLinks(false);
+  page_->document()->setDefaultStyleSheet("a { text-decoration: none; }");
+  connect(page_, &QTextBrowser::anchorClicked, this, &LookupForm::Follow);
+  layout->addWidget(page_);
+  auto* buttons = new QHBoxLayout;
+  layout->addLayout(buttons);
+  buttons->addStretch();
+  if (!address_.isEmpty()) {
+    auto* open = new QPushButton(tr("Open in &Browser"));
+    open->setObjectName("OpenInBrowser");
+    open->setAutoDefault(false);
+    connect(open, &QPushButton::clicked, this,
+            [this] { QDesktopServices::openUrl(current_); });
+    buttons->addWidget(open);
+  }
+  auto* close = new QPushButton(tr("&Close"));
+  close->setObjectName("CloseLookup");
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+  buttons->addWidget(close);
+}
+
+LookupForm::~LookupForm() {
+  if (reply_) reply_->abort();
+}
+
+void LookupForm::Navigate() {
+  Ask(current_);
+}
+
+void LookupForm::Follow(const QUrl& link) {
+  const QUrl url = current_.resolved(link);
+  if (link.path().isEmpty() && link.hasFragment())
+    page_->scrollToAnchor(link.fragment());
+  else if (IsOfService(url))
+    Ask(url);
+}
+
+bool LookupForm::IsOfService(const QUrl& url) const {
+  if (address_.isEmpty()) return url.scheme().isEmpty() && url.host().isEmpty();
+  const QUrl service(address_);
+  return url.scheme() == service.scheme() && url.host() == service.host() &&
+         url.port() == service.port();
+}
+
+void LookupForm::Ask(const QUrl& url) {
+  current_ = url;
+  if (address_.isEmpty()) {
+    // All of it: the word is appended as it is, whatever is in it.
+    const QString query = url.query(QUrl::FullyDecoded);
+    page_->setHtml(builtIn_(query.mid(query.indexOf('=') + 1)));
+    return;
+  }
+  if (url.scheme() != "http" && url.scheme() != "https") {
+    ShowFailure(
+        tr("The address of the service must begin with http:// or "
+           "https://."));
+    return;
+  }
+  page_->setPlainText(tr("Asking %1 ...").arg(url.host()));
+  setCursor(Qt::BusyCursor);
+  if (!network_) network_ = new QNetworkAccessManager(this);
+  if (reply_) reply_->abort();
+  QNetworkRequest request(url);
+  request.setTransferTimeout(timeoutMs);
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                       QNetworkRequest::SameOriginRedirectPolicy);
+  QNetworkReply* reply = reply_ = network_->get(request);
+  connect(reply, &QNetworkReply::downloadProgress, this,
+          [reply](qint64 received, qint64) {
+            if (received > kLargestPage) reply->abort();
+          });
+  connect(reply, &QNetworkReply::finished, this,
+          [this, reply] { ShowAnswer(reply); });
+}
+
+void LookupForm::ShowAnswer(QNetworkReply* reply) {
+  reply->deleteLater();
+  if (reply != reply_) return;  // another page was asked for meanwhile
+  reply_ = nullptr;
+  unsetCursor();
+  if (reply->error() == QNetworkReply::OperationCanceledError) {
+    ShowFailure(tr("No answer came within %1 seconds, or it was too long.")
+                    .arg(timeoutMs / 1000));
+  } else if (reply->error() != QNetworkReply::NoError) {
+    ShowFailure(reply->errorString());
+  } else if (reply->header(QNetworkRequest::ContentTypeHeader)
+                 .toString()
+                 .startsWith("text/plain")) {
+    page_->setPlainText(QString::fromUtf8(reply->readAll()));
+  } else {
+    page_->setHtml(QString::fromUtf8(reply->readAll()));
+  }
+}
+
+void LookupForm::ShowFailure(const QString& why) {
+  page_->setHtml(tr("<h3>The word could not be looked up</h3><p>%1</p>"
+                    "<p>The service asked was %2</p>")
+                     .arg(why.toHtmlEscaped(), address_.toHtmlEscaped()));
+}

@@ -1,0 +1,92 @@
+#include "files/publish.h"
+
+#include <filesystem>
+
+#include "files/puzzle_file.h"
+#include "files/sheet.h"
+
+namespace {
+
+// The name of a file that may be written; "" when there is none.
+std::string AskTarget(Host& host, const FileRequest& request) {
+  const std::string path = host.AskFileName(request);
+  return path.empty() || !ConfirmOverwrite(host, path) ? "" : path;
+}
+
+FileRequest RequestTarget(std::string title, std::string types,
+                          std::string name) {
+  return {FileRequest::Mode::Save, std::move(title), std::move(types),
+          std::move(name)};
+}
+
+// Writes what `make` makes, with the busy pointer; tells what goes wrong.
+template <class Make>
+bool WriteMade(Host& host, const std::string& path, Make make) {
+  host.Pointer(PointerShape::Hourglass);
+  std::string failure;
+  try {
+    WriteFile(path, make());
+  } catch (const FileError& error) {
+    failure = error.what();
+  }
+  host.Pointer(PointerShape::Normal);
+  if (!failure.empty()) host.Tell(failure);
+  return failure.empty();
+}
+
+}  // namespace
+
+void CopyToBitmap(Host& host, BitmapClipboard& clipboard) {
+  const std::string path = AskTarget(
+      host,
+      RequestTarget("Select destination file for a bitmap copy of this puzzle",
+                    "*.bmp", "Puzzle Bitmap Files"));
+  if (path.empty()) return;
+  const bool written = WriteMade(host, path, [&] {
+    clipboard.CopyPicture();
+    std::string bitmap = clipboard.Bitmap();
+    clipboard.Empty();
+    return bitmap;
+  });
+  if (!written) return;
+  std::error_code error;
+  const auto length = std::filesystem::file_size(path, error);
+  host.Tell("Puzzle copied to:" + std::string(kLineBreak) + path +
+            std::string(kLineBreak) +
+            Str(error ? 0 : static_cast<long>(length)) + " bytes");
+}
+
+void SaveAsPdf(const State& state, Host& host, Publisher& publisher) {
+  const std::string path =
+      AskTarget(host, RequestTarget("Select a file for the printed sheet",
+                                    "*.pdf", "PDF Files"));
+  if (path.empty()) return;
+  const bool written = WriteMade(host, path, [&] {
+    return publisher.Pdf(state.Text5, [&](Canvas& canvas) {
+      DrawSheet(state, SheetMode::Full, canvas);
+    });
+  });
+  if (written) host.Tell("Saved to: " + path);
+}
+
+void SaveAsPicture(const State& state, Host& host, Publisher& publisher) {
+  const auto choice = publisher.AskPicture(state.GridSize);
+  if (!choice) return;
+  const bool svg = choice->kind == PictureKind::Svg;
+  const std::string path = AskTarget(
+      host, RequestTarget("Select a file for a picture of this puzzle",
+                          svg ? "*.svg" : "*.png",
+                          svg ? "SVG Pictures" : "PNG Pictures"));
+  if (path.empty()) return;
+  const bool written = WriteMade(
+      host, path, [&] { return publisher.PictureFile(state, *choice); });
+  if (written) host.Tell("Saved to: " + path);
+}
+
+void PreviewSheet(State& state, Host& host, Publisher& publisher,
+                  Printer& printer) {
+  const State sheet = state;
+  const bool print = publisher.Preview(
+      [&](Canvas& canvas) { DrawSheet(sheet, SheetMode::Full, canvas); });
+  if (print) PrintPuzzle(state, host, printer, SheetMode::Full);
+}

@@ -1,0 +1,69 @@
+// Recovery copies of unsaved puzzles, so that a crash or a power cut loses
+// nothing.
+//
+// Each running program owns one copy, a plain puzzle file, and holds a lock
+// beside it for as long as it runs, which also names the puzzle's own file.
+// A copy whose lock nobody holds was left by a program that did not end well.
+// Copies come from outside: a damaged one is put aside, never trusted.
+
+#pragma once
+
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "files/puzzle_file.h"
+
+class RecoveryLock {
+ public:
+  RecoveryLock() = default;
+  // Takes the lock if nobody holds it; makes the file if told to.
+  RecoveryLock(const std::string& path, bool make);
+  RecoveryLock(RecoveryLock&& other) noexcept;
+  RecoveryLock& operator=(RecoveryLock&& other) noexcept;
+  ~RecoveryLock();
+
+  bool Held() const { return descriptor_ >= 0; }
+  // The text that the lock file holds.
+  std::string Read() const;
+  void Write(const std::string& text) const;
+
+ private:
+  int descriptor_ = -1;
+};
+
+// What another run left.
+struct AbandonedCopy {
+  std::string path;        // of the copy
+  std::string puzzlePath;  // of the puzzle's own file, "" for none
+  std::time_t when = 0;    // last written
+  Puzzle puzzle;
+  RecoveryLock lock;  // nobody else takes it meanwhile
+};
+
+class Recovery {
+ public:
+  // The folder is made when it is first needed.
+  explicit Recovery(std::string folder) : folder_(std::move(folder)) {}
+
+  // Writes or replaces this run's copy.  Throws FileError.
+  void Write(const std::string& puzzleText, const std::string& puzzlePath);
+  // There is nothing to recover from this run.
+  void Remove();
+
+  // The copies that can be offered, newest first.  Damaged ones are put aside
+  // under another name, ".damaged".
+  std::vector<AbandonedCopy> FindAbandoned() const;
+  // Deletes what another run left.
+  static void Discard(const AbandonedCopy& copy);
+
+  // The user's folder for such copies; "" when there is none.
+  static std::string DefaultFolder();
+
+ private:
+  void TakeLock();
+
+  std::string folder_;
+  std::string path_;  // of this run's copy, "" until it is needed
+  RecoveryLock lock_;
+};

@@ -1,0 +1,20 @@
+// The title as it fits on the paper: in 14 points as long as it can, then in
+// a smaller font, then in several lines.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "grid/ports.h"
+
+struct TitleLines {
+  std::vector<std::string> lines;  // none for an empty title
+  TextStyle style;
+  int pitch = 0;  // twips from line to line
+};
+
+// Fits a title into a width in twips.  Lines break at blanks, and inside a
+// word only where the word alone is wider.  Control characters are blanks.
+TitleLines FitTitle(std::string_view title, const Canvas& canvas, int width);

@@ -1,0 +1,54 @@
+// The grid picture (Picture1) as a widget: shows the picture's image and
+// turns clicks and keys into edits of cells.
+//
+// By keyboard: arrows move a cell cursor, Space makes the cell and its mirror
+// black, Enter shows the word that starts there (with Shift the one down),
+// Ctrl+Enter and Ctrl+Shift+Enter ask for another word.
+
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "view/cell_editing.h"
+#include "view/qt_draw_picture.h"
+
+class GridView : public QWidget {
+  Q_OBJECT
+
+ public:
+  GridView(const State& state, QtPicture& picture, QWidget* parent = nullptr);
+
+  // Brings the widget up to date with the picture.
+  void ShowPicture();
+
+  // The cell under the keyboard cursor, and whether it is shown.
+  Pos Cursor() const { return cursor_; }
+  // What is in a cell, in words: "Row 2, column 3: letter A, number 5".
+  QString Describe(Pos cell) const;
+
+ signals:
+  // A mouse button was released at a place in twips.
+  void Clicked(MouseButton button, int shiftState, int x, int y);
+  // A key asked for the same at a cell.
+  void Keyed(MouseButton button, int shiftState, Pos cell);
+  // The cursor moved; the cell should be in view.
+  void CursorMoved(QRect box);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void MoveCursor(int down, int right);
+  QRect BoxOf(Pos cell) const;  // in pixels
+
+  const State& state_;
+  QtPicture& picture_;
+  Pos cursor_{1, 1};
+  bool keyboardUsed_ = false;
+};

@@ -1,0 +1,226 @@
+#include "view/qt_main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QDir>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QTimer>
+#include <utility>
+
+#include "controls/about_window.h"
+#include "controls/lookup_window.h"
+#include "dictionary/meanings.h"
+#include "files/puzzle_file.h"
+#include "view/qt_text.h"
+#include "view/unsaved.h"
+
+namespace {
+
+constexpr int kWidth = 11350 / kTwipsPerPixel;
+constexpr int kWidthWithPanel = 15075 / kTwipsPerPixel;
+constexpr int kKeepWorkInterval = 2000;  // ms
+constexpr char kAccessCode[] = "508tavel";
+constexpr char kContact[] = "Write to the makers of your Kelda package";
+
+}  // namespace
+
+void MainWindow::Start(const std::string& file) {
+  Act(MayRun::WhenIdle, [&] {
+    StartUp(app_);
+    NoteSaved(app_);
+    if (!file.empty() && OpenPuzzle(app_.state, app_.ports(), file))
+      NoteSaved(app_);
+  });
+  auto* timer = new QTimer(this);
+  connect(timer, &QTimer::timeout, this, &MainWindow::KeepWork);
+  timer->start(kKeepWorkInterval);
+  QTimer::singleShot(0, this, &MainWindow::OfferRecovery);
+}
+
+// Running commands
+
+void MainWindow::Run(const Command& command) {
+  RunCommand(app_, command);
+  AfterAction();
+}
+
+void MainWindow::Act(MayRun mayRun, const std::function<void()>& action) {
+  RunAction(app_, mayRun, action);
+  AfterAction();
+}
+
+void MainWindow::AfterAction() {
+  ShowState();
+  if (closeWhenIdle_ && !app_.taskRuns) {
+    closeWhenIdle_ = false;
+    close();
+  }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (ended_) {
+    event->accept();
+    return;
+  }
+  if (app_.taskRuns) {
+    // The task ends at its next look at the halt request, then the window
+    // closes.
+    closeWhenIdle_ = true;
+    app_.state.haltRequested = true;
+    return;
+  }
+  bool leave = false;
+  RunAction(app_, MayRun::WhenIdle, [&] { leave = MayLeavePuzzle(app_); });
+  if (!leave) {
+    ShowState();
+    return;
+  }
+  ended_ = true;
+  recovery_.Remove();
+  if (helpForm_) helpForm_->close();
+  if (form2_) form2_->close();
+  event->accept();
+  QApplication::quit();
+}
+
+// Windows
+
+void MainWindow::Open(Window what) {
+  switch (what) {
+    case Window::BlacksMenu:
+      return PopUp(blacksx_, frames_->Command1);
+    case Window::SolutionMenu:
+      return PopUp(Solutionx_, frames_->Command20);
+    case Window::Meaning:
+      return ShowMeaning();
+    case Window::About:
+      (new AboutForm(tr(kContact), QApplication::applicationVersion(), this))
+          ->show();
+      return;
+    case Window::Help:
+      if (!helpForm_) helpForm_ = new HelpForm(this);
+      helpForm_->ShowPage(options_.helpPage);
+      return;
+    case Window::Overview:
+      if (!form2_) {
+        form2_ = new OverviewForm(
+            [this](int side, double scale) -> const QImage& {
+              picture_.SetOverview(side, scale);
+              picture_.UpdateOverview();
+              return picture_.OverviewPicture();
+            },
+            this);
+      }
+      form2_->show();
+      form2_->raise();
+      form2_->activateWindow();
+      return;
+  }
+}
+
+void MainWindow::PopUp(QMenu* menu, QWidget* below) {
+  // The command has ended by the time that the menu is up, so its items may
+  // run.
+  const QPoint place = below->underMouse()
+                           ? QCursor::pos()
+                           : below->mapToGlobal(below->rect().bottomLeft());
+  QTimer::singleShot(0, this, [this, menu, place] {
+    ShowState();
+    menu->popup(place);
+  });
+}
+
+void MainWindow::ShowMeaning() {
+  LookupForm form(
+      FromBytes(app_.state.Text4), options_.dictionaryService,
+      [](const QString& term) {
+        return FromBytes(MeaningPage(MeaningsFolder(), term.toStdString()));
+      },
+      this);
+  form.Navigate();
+  form.exec();
+}
+
+// Kept: the panel is unlocked once; from then on the key only hides it.
+void MainWindow::ToggleDebugPanel() {
+  State& state = app_.state;
+  bool shown = false;
+  if (!state.DebugMode) {
+    if (app_.host.AskText("enter code", "", "") != kAccessCode) return;
+    state.DebugMode = true;
+    state.logEnabled = true;
+    shown = true;
+  }
+  debugPanel_->setVisible(shown);
+  if (!isMaximized() && !isFullScreen())
+    resize(shown ? kWidthWithPanel : kWidth, height());
+}
+
+// Keeping work
+
+void MainWindow::KeepWork() {
+  try {
+    if (!HasUnsavedWork(app_)) {
+      if (!keptText_.empty()) recovery_.Remove();
+      keptText_.clear();
+      return;
+    }
+    const std::string text = WorkText(app_.state);
+    if (text == keptText_) return;
+    recovery_.Write(text, app_.state.PuzzleFileName);
+    keptText_ = text;
+  } catch (const FileError& error) {
+    // Said once; the user can still save by hand.
+    if (std::exchange(recoveryFailed_, true)) return;
+    auto* box = new QMessageBox(
+        QMessageBox::Warning, QString(),
+        tr("No recovery copy of your puzzle can be kept, so save it often.") +
+            "\n" + FromBytes(error.what()),
+        QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->show();
+  }
+}
+
+void MainWindow::OfferRecovery() {
+  for (const AbandonedCopy& copy : recovery_.FindAbandoned()) {
+    QMessageBox box(this);
+    box.setObjectName("RecoveryBox");
+    box.setTextFormat(Qt::PlainText);
+    box.setText(
+        tr("Kelda did not end as it should, and kept the unsaved "
+           "puzzle \"%1\" of %2.")
+            .arg(FromTitle(copy.puzzle.title),
+                 QLocale().toString(QDateTime::fromSecsSinceEpoch(copy.when),
+                                    QLocale::ShortFormat)));
+    box.setInformativeText(
+        copy.puzzlePath.empty()
+            ? tr("It was in no file yet.")
+            : tr("Its file is %1").arg(FromBytes(copy.puzzlePath)));
+    auto* recover = box.addButton(tr("&Recover"), QMessageBox::AcceptRole);
+    auto* discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+    auto* later = box.addButton(tr("Keep for &Later"), QMessageBox::RejectRole);
+    box.setDefaultButton(recover);
+    box.setEscapeButton(later);
+    box.exec();
+    if (box.clickedButton() == discard) Recovery::Discard(copy);
+    if (box.clickedButton() != recover) continue;
+    bool shown = false;
+    Act(MayRun::WhenIdle, [&] {
+      if (!MayLeavePuzzle(app_)) return;
+      ShowPuzzle(app_.state, app_.ports(), copy.puzzle);
+      app_.state.PuzzleFileName = copy.puzzlePath;
+      app_.state.Caption =
+          copy.puzzlePath.empty() ? "" : "Puzzle File: " + copy.puzzlePath;
+      app_.savedText.clear();
+      shown = true;
+    });
+    if (!shown) continue;
+    // The old copy goes when this run's own copy is there.
+    KeepWork();
+    if (!keptText_.empty()) Recovery::Discard(copy);
+  }
+}

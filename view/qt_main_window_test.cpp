@@ -1,0 +1,242 @@
+// The main window through its widgets.
+
+#include <QListView>
+#include <QMenu>
+
+#include "files/puzzle_file.h"
+#include "tests/window_desk.h"
+
+namespace {
+
+// Draws a 5 x 5 grid whose middle cell is black.
+void DrawSmall(WindowDesk& desk) {
+  desk.Type("Text3", "5");
+  desk.Press("Command2");
+  desk.ClickCell(3, 3, Qt::ShiftModifier);
+}
+
+TEST(MainWindow, OpensAsItShould) {
+  WindowDesk desk;
+  EXPECT_EQ(desk.window->size(), QSize(756, 700));
+  EXPECT_EQ(desk.window->windowTitle(), "Kelda[*]");
+  EXPECT_EQ(desk.Find<QLineEdit>("Text5")->text(), "New Puzzle");
+  EXPECT_EQ(desk.Find<QLineEdit>("Text3")->text(), "15");
+  EXPECT_EQ(desk.Find<QLabel>("Label3")->text(), "L2Ascii.txt");
+  EXPECT_EQ(desk.Find<QWidget>("Picture1")->width(), (15 * 420 + 100) / 15 + 1);
+  EXPECT_FALSE(desk.Find<QWidget>("SolutionFrame")->isEnabled());
+  EXPECT_FALSE(desk.Find<QWidget>("DedugFrames")->isVisible());
+  desk.Press("Command2");
+  EXPECT_TRUE(desk.Find<QWidget>("SolutionFrame")->isEnabled());
+  EXPECT_TRUE(desk.boxes.empty());
+}
+
+TEST(MainWindow, EveryButtonAndItemHasItsRow) {
+  WindowDesk desk;
+  for (const Command& row : AllCommands()) {
+    const QString name =
+        QString::fromUtf8(row.control.data(), int(row.control.size()));
+    if (name == "Command5(1)") continue;  // the right button of Command5
+    QObject* control = desk.window->findChild<QObject*>(name);
+    ASSERT_NE(control, nullptr) << row.control;
+    const QString caption = control->property("text").toString().remove('&');
+    EXPECT_EQ(caption.section('\t', 0, 0).toStdString(), row.caption);
+    EXPECT_TRUE(row.toolTip.empty() ||
+                control->property("toolTip").toString().toStdString() ==
+                    row.toolTip);
+  }
+}
+
+TEST(MainWindow, EveryControlCanBeReachedAndIsNamed) {
+  WindowDesk desk;
+  desk.Press("Command2");
+  int reached = 0;
+  QWidget* first = desk.Find<QWidget>("Text5");
+  QWidget* widget = first;
+  do {
+    if (widget->isVisible() && widget->focusPolicy() & Qt::TabFocus &&
+        !widget->objectName().startsWith("qt_")) {
+      ++reached;
+      EXPECT_FALSE(widget->accessibleName().isEmpty())
+          << widget->objectName().toStdString();
+    }
+    widget = widget->nextInFocusChain();
+  } while (widget != first);
+  EXPECT_GE(reached, 17);
+}
+
+TEST(MainWindow, SizeBoxMakesSizesOddAndDrawKeepsThemInRange) {
+  WindowDesk desk;
+  desk.Type("Text3", "12");
+  EXPECT_EQ(desk.app.state.GridSize, 12);
+  desk.Press("Command2");
+  EXPECT_EQ(desk.Find<QLineEdit>("Text3")->text(), "13");
+  EXPECT_EQ(desk.picture.Cells(), 13);
+  desk.Type("Text3", "53");
+  desk.Press("Command2");
+  EXPECT_EQ(desk.Find<QLineEdit>("Text3")->text(), "13");
+}
+
+TEST(MainWindow, EveryCellOfALargeGridCanBeScrolledTo) {
+  WindowDesk desk;
+  desk.Type("Text3", "51");
+  desk.Press("Command2");
+  auto* bar = desk.Find<QScrollBar>("VScroll1");
+  auto* frame = desk.Find<QWidget>("Picture2");
+  auto* grid = desk.Find<QWidget>("Picture1");
+  bar->setValue(bar->maximum());
+  EXPECT_LE(grid->y() + grid->height(), frame->height() + 1);
+  EXPECT_EQ(desk.app.state.VScroll1.Value, bar->maximum());
+  desk.Type("Text3", "21");
+  desk.Press("Command2");
+  EXPECT_EQ(bar->value(), 0);
+  EXPECT_EQ(bar->maximum(), 0);
+}
+
+TEST(MainWindow, ShiftClickTogglesAPairAndShowsIt) {
+  WindowDesk desk;
+  desk.Press("Command2");
+  desk.ClickCell(1, 2, Qt::ShiftModifier);
+  EXPECT_EQ(desk.PixelOf(1, 2), qRgb(20, 20, 20));
+  EXPECT_EQ(desk.PixelOf(15, 14), qRgb(20, 20, 20));
+  EXPECT_EQ(desk.Find<QLineEdit>("Text2")->text(), " 2");
+  EXPECT_TRUE(desk.window->isWindowModified());
+  desk.ClickCell(15, 14, Qt::ShiftModifier);
+  EXPECT_EQ(desk.PixelOf(1, 2), qRgb(255, 255, 255));
+  desk.ClickCell(1, 2, Qt::ShiftModifier | Qt::AltModifier);
+  EXPECT_EQ(desk.Find<QLineEdit>("Text2")->text(), " 0");
+}
+
+TEST(MainWindow, WordsAreShownAndReplaced) {
+  WindowDesk desk;
+  DrawSmall(desk);
+  desk.Press("Command22");  // numbers the slots
+  for (int k = 1; k <= 5; ++k) desk.app.state.Grid[{1, k}] = "HOUSE"[k - 1];
+  desk.ClickCell(1, 1);
+  EXPECT_EQ(desk.Find<QLineEdit>("Text4")->text(), "HOUSE");
+  desk.ClickCell(1, 1, {}, Qt::RightButton);
+  EXPECT_EQ(desk.Find<QLineEdit>("Text4")->text(), "");
+  desk.answers = {"=do", "=m0use", "=mouse"};
+  desk.ClickCell(1, 1, Qt::ControlModifier);
+  EXPECT_EQ(desk.boxes, (std::vector<std::string>(3, "Enter Word 1A")));
+  EXPECT_EQ((desk.app.state.Grid[{1, 1}]), 'M');
+  EXPECT_EQ(desk.picture.At({1, 1}).letter, 'M');
+}
+
+TEST(MainWindow, GridCanBeEditedByKeyboard) {
+  WindowDesk desk;
+  desk.Press("Command2");
+  auto* grid = desk.Find<QWidget>("Picture1");
+  grid->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(grid, Qt::Key_Right);
+  QTest::keyClick(grid, Qt::Key_Down);
+  QTest::keyClick(grid, Qt::Key_Space);
+  EXPECT_TRUE(desk.app.state.IsBlack({2, 2}));
+  EXPECT_TRUE(desk.app.state.IsBlack({14, 14}));
+  QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
+  QTest::keyClick(grid, Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(desk.boxes.size(), 1u);  // the prompt, cancelled
+  EXPECT_EQ(desk.app.state.CurrentRow, 15);
+}
+
+TEST(MainWindow, TitleLosesNothingSilently) {
+  WindowDesk desk;
+  auto* title = desk.Find<QLineEdit>("Text5");
+  title->selectAll();
+  for (const QChar c : QString::fromUtf8("Caf\u00e9 \u201cx\u201d \u03a9")) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, c);
+    QApplication::sendEvent(title, &key);
+  }
+  EXPECT_EQ(title->text(), QString::fromUtf8("Caf\u00e9 \"x\" "));
+  EXPECT_EQ(desk.app.state.Text5, "Caf\xe9 \"x\" ");
+}
+
+TEST(MainWindow, RefusalsAndLookUpsAreTold) {
+  WindowDesk desk;
+  desk.Press("Command2");
+  desk.Choose("solx(0)");
+  desk.Type("Text4", "house");
+  desk.Press("Command6");
+  desk.Choose("Savey");
+  ASSERT_EQ(desk.boxes.size(), 3u);
+  EXPECT_EQ(desk.boxes[0], "Place black sqaures first");
+  EXPECT_TRUE(desk.boxes[1].starts_with("HOUSE is word# "));
+  EXPECT_EQ(desk.boxes[2], "No file name to save");
+}
+
+TEST(MainWindow, HaltStopsAFillAndNothingStartsTwice) {
+  WindowDesk desk;
+  desk.app.state.Text2 = "70";
+  desk.Type("Text3", "21");
+  desk.Press("Command2");
+  desk.Type("Text2", "90");
+  desk.Choose("blackrand");
+  bool ran = false, refused = false, halted = false;
+  QTimer::singleShot(100, [&] {
+    ran = desk.app.taskRuns;
+    refused = !RunCommand(desk.app, CommandOf("Command2")) &&
+              !desk.Find<QAbstractButton>("Command20")->isEnabled();
+    desk.Press("Command8");
+    halted = true;
+  });
+  desk.answers = std::deque<std::string>(100, "Ignore");
+  desk.Choose("solx(0)");
+  if (!ran) GTEST_SKIP() << "the fill ended before it could be halted";
+  EXPECT_TRUE(refused);
+  EXPECT_TRUE(halted);
+  EXPECT_FALSE(desk.app.taskRuns);
+  EXPECT_TRUE(desk.Find<QWidget>("GridFrame")->isEnabled());
+}
+
+TEST(MainWindow, ClosingStopsTheTaskFirst) {
+  WindowDesk desk;
+  desk.Press("Command2");
+  bool closedWhileRunning = true;
+  // A task that only Halt ends.
+  desk.answers = {"Discard"};
+  desk.ClickCell(1, 2, Qt::ShiftModifier);
+  RunAction(desk.app, MayRun::WhenIdle, [&] {
+    QTimer::singleShot(20, desk.window.get(), &QWidget::close);
+    while (!desk.app.state.haltRequested) desk.host.AwaitHalt("waiting");
+    closedWhileRunning = !desk.window->isVisible();
+  });
+  EXPECT_FALSE(closedWhileRunning);
+  desk.window->close();
+  EXPECT_FALSE(desk.window->isVisible());
+  ASSERT_EQ(desk.boxes.size(), 1u);
+  EXPECT_EQ(desk.boxes[0],
+            "Do you want to save the changes to \"New Puzzle\"?");
+}
+
+TEST(MainWindow, DebugPanelUnlocksOnceAndShowsLists) {
+  WindowDesk desk;
+  const auto f1 = [&] { QTest::keyClick(desk.window.get(), Qt::Key_F1); };
+  desk.window->activateWindow();
+  desk.answers = {"=wrong", "=508tavel"};
+  f1();
+  EXPECT_FALSE(desk.app.state.DebugMode);
+  f1();
+  EXPECT_EQ(desk.boxes, (std::vector<std::string>(2, "enter code")));
+  EXPECT_EQ(desk.window->width(), 1005);
+  auto* list = desk.Find<QListView>("List2");
+  EXPECT_EQ(list->model()->rowCount(), 26);
+  EXPECT_EQ(list->model()->index(0, 0).data().toString().size(), 7);
+  DrawSmall(desk);
+  EXPECT_EQ(list->model()->index(0, 0).data().toString(), "02A 03,01=??");
+  f1();
+  f1();
+  EXPECT_EQ(desk.boxes.size(), 2u);
+  EXPECT_FALSE(desk.Find<QWidget>("DedugFrames")->isVisible());
+  EXPECT_EQ(desk.window->width(), 756);
+}
+
+TEST(MainWindow, FillRunsToItsEnd) {
+  WindowDesk desk;
+  DrawSmall(desk);
+  desk.answers = {"=99X"};
+  desk.Choose("solx(1)");
+  ASSERT_FALSE(desk.boxes.empty());
+  EXPECT_TRUE(desk.boxes.back().starts_with("Words at cells highlighted"));
+  EXPECT_EQ(desk.PixelOf(3, 1), qRgb(0, 0, 255));
+}
+
+}  // namespace

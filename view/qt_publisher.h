@@ -1,0 +1,22 @@
+// The desktop program's files and pages.
+
+#pragma once
+
+#include "grid/ports.h"
+
+class QWidget;
+
+class QtPublisher : public Publisher {
+ public:
+  // Its windows belong to a parent.
+  explicit QtPublisher(QWidget* parent) : parent_(parent) {}
+
+  std::string Pdf(std::string_view title, const DrawPages& draw) override;
+  std::optional<PictureChoice> AskPicture(int gridSize) override;
+  std::string PictureFile(const State& state,
+                          const PictureChoice& choice) override;
+  bool Preview(const DrawPages& draw) override;
+
+ private:
+  QWidget* parent_;
+};

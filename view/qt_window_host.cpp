@@ -1,0 +1,161 @@
+#include "view/qt_window_host.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+#include "controls/file_dialog.h"
+#include "view/qt_text.h"
+
+namespace {
+
+// How often events run while a task does.
+constexpr qint64 kPollInterval = 20;  // ms
+
+QString Lines(std::string_view text) {
+  return FromBytes(text).remove('\r');
+}
+
+}  // namespace
+
+int WindowHost::Box(std::string_view text, QMessageBox::StandardButtons buttons,
+                    QMessageBox::StandardButton onEscape) {
+  showState();
+  QMessageBox box(window);
+  box.setObjectName("MessageBox");
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Lines(text));
+  box.setStandardButtons(buttons);
+  box.setEscapeButton(onEscape);
+  const int answer = box.exec();
+  sincePoll_.restart();
+  return answer;
+}
+
+void WindowHost::Tell(std::string_view text) {
+  Box(text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+bool WindowHost::AskYesNo(std::string_view text) {
+  return Box(text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+         QMessageBox::Yes;
+}
+
+TriesAnswer WindowHost::AskTries(std::string_view text) {
+  switch (Box(text,
+              QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore,
+              QMessageBox::Abort)) {
+    case QMessageBox::Retry:
+      return TriesAnswer::Retry;
+    case QMessageBox::Ignore:
+      return TriesAnswer::Ignore;
+    default:
+      return TriesAnswer::Abort;
+  }
+}
+
+UnsavedAnswer WindowHost::AskUnsaved(std::string_view text) {
+  switch (Box(text,
+              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+              QMessageBox::Cancel)) {
+    case QMessageBox::Save:
+      return UnsavedAnswer::Save;
+    case QMessageBox::Discard:
+      return UnsavedAnswer::Discard;
+    default:
+      return UnsavedAnswer::Cancel;
+  }
+}
+
+std::string WindowHost::AskText(std::string_view prompt, std::string_view title,
+                                std::string_view preset) {
+  showState();
+  QInputDialog dialog(window);
+  dialog.setObjectName("InputBox");
+  dialog.setWindowTitle(title.empty() ? QApplication::applicationDisplayName()
+                                      : FromBytes(title));
+  dialog.setLabelText(Lines(prompt));
+  dialog.setTextValue(FromBytes(preset));
+  if (dialog.exec() != QDialog::Accepted) return "";
+  return dialog.textValue().toStdString();
+}
+
+std::string WindowHost::AskFileName(const FileRequest& request) {
+  showState();
+  gf1->Title = FromBytes(request.Title);
+  gf1->FileTypes = FromBytes(request.FileTypes);
+  gf1->FileTypesName = FromBytes(request.FileTypesName);
+  const bool save = request.mode == FileRequest::Mode::Save;
+  return gf1->GetFileName(save ? "SAVE" : "OPEN").toStdString();
+}
+
+void WindowHost::ShowLogLine(std::string_view line) {
+  showState();
+  QMessageBox box(window);
+  box.setObjectName("LogLine");
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Lines(line));
+  auto* next = box.addButton(QMessageBox::Ok);
+  auto* halt =
+      box.addButton(QObject::tr("&Halt"), QMessageBox::DestructiveRole);
+  box.setDefaultButton(next);
+  box.setEscapeButton(next);
+  box.exec();
+  if (box.clickedButton() == halt) state->haltRequested = true;
+  sincePoll_.restart();
+}
+
+void WindowHost::Poll() {
+  if (sincePoll_.isValid() && sincePoll_.elapsed() < kPollInterval) return;
+  showState();
+  QApplication::processEvents();
+  sincePoll_.start();
+}
+
+void WindowHost::AwaitHalt(std::string_view why) {
+  const std::string caption = state->ProgBar.Caption;
+  state->ProgBar.Caption = std::string(why) + ": press Halt";
+  showState();
+  if (!state->haltRequested)
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  state->ProgBar.Caption = caption;
+}
+
+void WindowHost::Pointer(PointerShape shape) {
+  const bool hourglass = shape == PointerShape::Hourglass;
+  if (hourglass == hourglass_) return;
+  hourglass_ = hourglass;
+  if (hourglass)
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+double WindowHost::Chance() {
+  constexpr int kDoubleBits = std::numeric_limits<double>::digits;
+  const auto number = [](std::mt19937_64& random) {
+    return std::ldexp(static_cast<double>(random() >> (64 - kDoubleBits)),
+                      -kDoubleBits);
+  };
+  if (seeded_) return number(*seeded_);
+  std::mt19937_64 fresh(static_cast<std::uint64_t>(
+      std::chrono::steady_clock::now().time_since_epoch().count()));
+  return number(fresh);
+}
+
+void WindowHost::EndProgram(std::string_view why) {
+  keepWork();
+  Pointer(PointerShape::Normal);
+  QMessageBox box(QMessageBox::Critical, QString(), Lines(why), QMessageBox::Ok,
+                  window);
+  box.setObjectName("MessageBox");
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(
+      QObject::tr("Kelda has to close. A puzzle that was not saved is kept and "
+                  "offered when Kelda starts again."));
+  box.exec();
+  std::_Exit(1);
+}
