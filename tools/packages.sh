@@ -11,6 +11,7 @@ test_packages=(
   libbenchmark-dev                       # benchmarks
   clang-14 libclang-rt-14-dev            # fuzz targets
   xvfb openbox xdotool x11-utils         # the program from outside
+  imagemagick
   fonts-liberation
   desktop-file-utils appstream           # checks of what is installed
 )
