@@ -4,7 +4,7 @@
 #include <QMenu>
 
 #include "files/puzzle_file.h"
-#include "tests/window_desk.h"
+#include "tests/qt_window_desk.h"
 
 namespace {
 
