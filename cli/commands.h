@@ -24,3 +24,5 @@ void AddFindCommand(CLI::App& app, int& status);
 void AddMatchCommand(CLI::App& app, int& status);
 void AddWordsCommand(CLI::App& app, int& status);
 void AddUnpackCommand(CLI::App& app, int& status);
+void AddAutofillCommand(CLI::App& app, int& status);
+void AddSuggestCommand(CLI::App& app, int& status);
