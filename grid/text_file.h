@@ -28,7 +28,8 @@ class LineReader {
   // Reads the next line, without its end; false when there is none.  The
   // view holds until the next call.
   bool Next(std::string_view& line);
-  // Throws FileError with the last line that was read.
+  int LineNumber() const { return lineNumber_; }  // of the last line read
+  // Throws FileError with that line.
   [[noreturn]] void Fail(std::string_view what) const;
 
  private:
