@@ -24,6 +24,8 @@ void AddFindCommand(CLI::App& app, int& status);
 void AddMatchCommand(CLI::App& app, int& status);
 void AddWordsCommand(CLI::App& app, int& status);
 void AddUnpackCommand(CLI::App& app, int& status);
+void AddAutofillCommand(CLI::App& app, int& status);
+void AddSuggestCommand(CLI::App& app, int& status);
 // In builds that can draw.
 void AddSheetCommand(CLI::App& app, int& status);
 void AddPictureCommand(CLI::App& app, int& status);

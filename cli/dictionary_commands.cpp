@@ -60,8 +60,7 @@ int RunWords(const std::string& list) {
 
 int RunUnpack(const std::string& file) {
   WordTable words;
-  const std::vector<std::string> list =
-      ReadPackedDictionary(words, InputPath(file));
+  const std::vector<std::string> list = ReadPackedDictionary(words, file);
   std::cout << words.PackedHeaderValue << "\n";
   for (const std::string& word : list) std::cout << word << "\n";
   return kDone;

@@ -14,12 +14,16 @@ struct Options {
   std::string puzzle;
   std::string list = "2";
   std::string start;
-  bool random = false;
-  std::vector<TriesAnswer> tries;
+  std::vector<std::string> tries;
   bool log = false;
   std::string out;
   std::optional<std::uint64_t> seed;
 };
+
+const std::map<std::string, TriesAnswer> kTriesAnswers = {
+    {"abort", TriesAnswer::Abort},
+    {"retry", TriesAnswer::Retry},
+    {"ignore", TriesAnswer::Ignore}};
 
 int RunFill(const Options& options) {
   CliSession session;
@@ -27,11 +31,13 @@ int RunFill(const Options& options) {
   session.OpenPuzzle(options.puzzle);
   CliHost& host = session.host;
   if (options.out == "-") host.output = &std::cerr;
-  host.triesAnswers.assign(options.tries.begin(), options.tries.end());
+  for (const std::string& answer : options.tries)
+    host.triesAnswers.push_back(kTriesAnswers.at(answer));
   host.textAnswer = options.start;
   host.log = options.log;
   if (options.seed) host.Seed(*options.seed);
 
+  host.TakeInterruptForHalt();
   using Clock = std::chrono::steady_clock;
   const Clock::time_point begin = Clock::now();
   const FillReport report =
@@ -40,6 +46,10 @@ int RunFill(const Options& options) {
                                        : StartLocation::Specified);
   const std::chrono::duration<double> seconds = Clock::now() - begin;
 
+  if (report.outcome == FillOutcome::Halted) {
+    host.Out();
+    std::cerr << "kelda-cli: halted\n";
+  }
   host.Out() << GridText(session.state) << report.slotsSolved
              << " slots solved, " << report.candidatesTried
              << " candidates tried, " << report.backtracks << " backtracks, "
@@ -67,19 +77,17 @@ void AddFillCommand(CLI::App& app, int& status) {
   CLI::Option* start = command->add_option("--start", options->start,
                                            "Clue to start at, for example 22A");
   command
-      ->add_flag("--random", options->random,
-                 "Start at a random one of the hardest slots (default)")
+      ->add_flag_callback(
+          "--random", [] {},
+          "Start at a random one of the hardest slots (default)")
       ->excludes(start);
   command
       ->add_option("--tries", options->tries,
                    "Answers to whether to go on after many tries, in turn: "
-                   "retry, ignore, abort; then abort")
+                   "retry, ignore or abort, separated by commas; then abort")
+      ->option_text("ANSWERS")
       ->delimiter(',')
-      ->transform(CLI::CheckedTransformer(
-          std::map<std::string, TriesAnswer>{{"abort", TriesAnswer::Abort},
-                                             {"retry", TriesAnswer::Retry},
-                                             {"ignore", TriesAnswer::Ignore}},
-          CLI::ignore_case));
+      ->check(CLI::IsMember({"abort", "retry", "ignore"}));
   command->add_flag("--log", options->log, "Print every line of the log");
   command->add_option("-o,--output", options->out, "Puzzle file to write");
   command->add_option("--seed", options->seed,

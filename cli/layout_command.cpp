@@ -25,12 +25,13 @@ int RunLayout(const LayoutOptions& options) {
   if (options.seed) session.host.Seed(*options.seed);
   session.state.Text3 = std::to_string(options.size);
   session.state.Text2 = std::to_string(options.squares);
+  session.host.TakeInterruptForHalt();
   if (options.kind == "random")
     RandomBlackSquares(session.state, session.ports());
   else
     TwoByTwoLayout(session.state, session.ports());
   session.SavePuzzle(options.out);
-  return kDone;
+  return session.host.WasInterrupted() ? kNotCompleted : kDone;
 }
 
 int RunSplit(const std::string& puzzle, const std::string& out,

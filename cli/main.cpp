@@ -27,6 +27,8 @@ int Run(int argc, char** argv) {
   AddMatchCommand(app, status);
   AddWordsCommand(app, status);
   AddUnpackCommand(app, status);
+  AddAutofillCommand(app, status);
+  AddSuggestCommand(app, status);
 #ifdef KELDA_DRAWS
   AddSheetCommand(app, status);
   AddPictureCommand(app, status);

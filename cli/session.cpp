@@ -22,8 +22,17 @@ void Interrupt(int) {
 }  // namespace
 
 CliHost::CliHost(State& state)
-    : output(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {
-  std::signal(SIGINT, Interrupt);
+    : output(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {}
+
+void CliHost::TakeInterruptForHalt() {
+  struct sigaction action = {};
+  action.sa_handler = Interrupt;
+  action.sa_flags = SA_RESETHAND;
+  sigaction(SIGINT, &action, nullptr);
+}
+
+bool CliHost::WasInterrupted() const {
+  return interrupted != 0;
 }
 
 std::ostream& CliHost::Out() {
@@ -43,10 +52,17 @@ bool CliHost::AskYesNo(std::string_view) {
   return answerYes;
 }
 
-TriesAnswer CliHost::AskTries(std::string_view) {
-  if (triesAnswers.empty()) return TriesAnswer::Abort;
-  const TriesAnswer answer = triesAnswers.front();
-  triesAnswers.pop_front();
+TriesAnswer CliHost::AskTries(std::string_view text) {
+  TriesAnswer answer = TriesAnswer::Abort;
+  if (!triesAnswers.empty()) {
+    answer = triesAnswers.front();
+    triesAnswers.pop_front();
+  }
+  if (answer == TriesAnswer::Abort) {
+    Out();
+    std::cerr << "kelda-cli: stopped: " << text.substr(0, text.find('\r'))
+              << "\n";
+  }
   return answer;
 }
 
@@ -71,8 +87,10 @@ void CliHost::Poll() {
 
 void CliHost::ShowProgress() {
   const ProgressBar& fill = state_.WordProg;
-  std::cerr << "\r" << fill.Value << " of " << fill.Max << " cells  "
-            << state_.ProgBar.Caption << "\033[K";
+  std::cerr << "\r";
+  if (!fill.Caption.empty())
+    std::cerr << fill.Value << " of " << fill.Max << " cells  ";
+  std::cerr << state_.ProgBar.Caption << "\033[K";
   progressIsShown_ = true;
 }
 
@@ -94,22 +112,22 @@ double CliHost::Chance() {
 }
 
 void CliHost::EndProgram(std::string_view why) {
-  throw FileError(std::string(why));
-}
-
-std::string InputPath(const std::string& name) {
-  return name == "-" ? "/dev/stdin" : name;
+  throw ProgramEnd(std::string(why));
 }
 
 void CliSession::OpenPuzzle(const std::string& path) {
-  ShowPuzzle(state, ports(), ReadPuzzle(InputPath(path)));
+  ShowPuzzle(state, ports(), ReadPuzzle(path));
 }
 
 void CliSession::LoadWords(const std::string& list) {
   const bool isLevel = list.size() == 1 && list >= "1" && list <= "3";
-  ReadDictionary(
-      state, words, host,
-      isLevel ? LevelFilePath(kLevelFiles[list[0] - '1']) : InputPath(list));
+  try {
+    ReadDictionary(
+        state, words, host,
+        isLevel ? LevelFilePath(kLevelFiles[list[0] - '1']) : list);
+  } catch (const ProgramEnd& end) {
+    throw FileError(list + ":" + end.what());
+  }
   if (words.TotalWords == 0)
     std::cerr << "kelda-cli: " << list
               << ": there is no word of 3 to 20 letters in this file\n";

@@ -13,9 +13,15 @@
 
 #include "dictionary/word_table.h"
 #include "grid/state.h"
+#include "grid/text_file.h"
 
-// Answers questions from the options of the command, prints messages, and
-// takes an interrupt (Ctrl-C) for Halt.
+// A program that has to end, for a reason that names no file.
+class ProgramEnd : public FileError {
+ public:
+  using FileError::FileError;
+};
+
+// Answers questions from the options of the command and prints messages.
 class CliHost : public Host {
  public:
   explicit CliHost(State& state);
@@ -25,6 +31,9 @@ class CliHost : public Host {
   bool answerYes = true;                 // to every question
   std::string textAnswer;                // to every prompt
   bool log = false;                      // print the solver's log
+  // From now on takes an interrupt (Ctrl-C) for Halt; a second one kills.
+  void TakeInterruptForHalt();
+  bool WasInterrupted() const;
   // The output, with no progress line in the way.
   std::ostream& Out();
   void Seed(std::uint64_t seed) { random_.seed(seed); }
@@ -79,6 +88,3 @@ struct CliSession {
   // Writes the puzzle to a file; "-" is standard output.
   void SavePuzzle(const std::string& path) const;
 };
-
-// The path to read for a file name of the command line.
-std::string InputPath(const std::string& name);

@@ -5,9 +5,11 @@
 std::string LevelFilePath(const std::string& name) {
   namespace fs = std::filesystem;
   std::error_code error;
-  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  const fs::path program =
+      fs::read_symlink("/proc/self/exe", error).parent_path();
   for (const fs::path& folder :
-       {fs::path(), program.parent_path(), fs::path(KELDA_DATA_DIR)}) {
+       {fs::path(), program, program / "../share/kelda",
+        fs::path(KELDA_DATA_DIR)}) {
     const fs::path path = folder / name;
     if (fs::exists(path, error)) return path.string();
   }

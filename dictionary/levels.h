@@ -10,5 +10,6 @@ inline constexpr std::array kLevelFiles = {"L1Ascii.txt", "L2Ascii.txt",
 inline constexpr int kDefaultLevel = 1;  // place in kLevelFiles
 
 // A level file's path: in the current folder, else beside the program, else
-// in the installed data folder; the bare name when it is in none.
+// in the installed data folder (that of this installation, then the one it
+// was built for); the bare name when it is in none.
 std::string LevelFilePath(const std::string& name);

@@ -31,7 +31,6 @@ WordIndex::WordIndex(int length, std::string_view letters,
   const std::size_t blocks = (count + 63) / 64;
   all_.assign(blocks, 0);
   bits_.assign(blocks * letterCount_ * length, 0);
-  rankOf_.resize(count);
   for (int rank = 0; rank < count; ++rank) {
     const std::uint64_t bit = std::uint64_t{1} << (rank % 64);
     all_[rank / 64] |= bit;
@@ -39,7 +38,6 @@ WordIndex::WordIndex(int length, std::string_view letters,
       const unsigned char c = letters[byRank_[rank] * length + i];
       bits_[(i * letterCount_ + rowOf_[c]) * blocks + rank / 64] |= bit;
     }
-    rankOf_[byRank_[rank]] = rank;
   }
 }
 

@@ -23,12 +23,10 @@ class WordIndex {
   WordIndex(int length, std::string_view letters,
             const std::vector<int>& scores);
 
-  int Count() const { return static_cast<int>(byRank_.size()); }
   std::size_t Blocks() const { return (byRank_.size() + 63) / 64; }
 
-  // The position (1..Count()) in the word table of the word of a rank.
+  // The position (from 1) in the word table of the word of a rank.
   int PositionOf(int rank) const { return byRank_[rank] + 1; }
-  int RankOf(int position) const { return rankOf_[position - 1]; }
 
   // Puts the words that fit a mask into `matches`, less those in `excluded`.
   void Match(const Mask& mask, const Bits& excluded, Bits& matches) const;
@@ -49,7 +47,6 @@ class WordIndex {
   std::array<short, 256> rowOf_;  // by letter, -1 when it does not occur
   int letterCount_ = 0;           // how many letters occur
   std::vector<int> byRank_;
-  std::vector<int> rankOf_;
   Bits all_;   // one block row with a bit for every word
   Bits bits_;  // by position, row of the letter and block
 };

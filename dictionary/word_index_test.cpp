@@ -40,8 +40,9 @@ RC_GTEST_PROP(WordIndex, MatchesAreThoseOfALinearScan, ()) {
   const WordIndex index(length, letters, scores);
   Bits excluded(index.Blocks());
   std::vector<std::string> expected;
-  for (std::size_t j = 0; j < words.size(); ++j) {
-    const int rank = index.RankOf(static_cast<int>(j) + 1);
+  const int count = static_cast<int>(words.size());
+  for (int rank = 0; rank < count; ++rank) {
+    const int j = index.PositionOf(rank) - 1;
     if (*rc::gen::inRange(0, 4) == 0)
       excluded[rank / 64] |= std::uint64_t{1} << (rank % 64);
     else if (Fits(words[j], mask))
@@ -52,7 +53,7 @@ RC_GTEST_PROP(WordIndex, MatchesAreThoseOfALinearScan, ()) {
   Bits matches;
   index.Match(Mask(mask), excluded, matches);
   std::vector<std::string> found;
-  for (int rank = 0; rank < index.Count(); ++rank) {
+  for (int rank = 0; rank < count; ++rank) {
     if ((matches[rank / 64] >> (rank % 64) & 1) == 0) continue;
     const int j = index.PositionOf(rank) - 1;
     found.push_back(Candidate{scores[j], Word(words[j])}.Text());

@@ -2,7 +2,7 @@
 // each with a score.
 //
 // A table is filled once by a reader and then only read.  The word index is
-// made by Finish.  Words of each length are expected in ascending order of
+// made by BuildIndex.  Words of each length are expected in ascending order of
 // character codes; FindWordIndex misses words otherwise.
 
 #pragma once

@@ -89,6 +89,7 @@ std::string GridText(const State& state) {
 
 void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle) {
   state.GridSize = puzzle.size;
+  state.Grid = CellGrid();
   ForEachCell(puzzle.size, [&](Pos p) {
     state.Grid[p] = puzzle.cells[p.row - 1][p.col - 1];
   });

@@ -1,7 +1,8 @@
 // Masks whose matches were counted since the grid was last cleared.
 //
 // A count stays as it was taken, also when words are used or taken back
-// later.  Letters are found whatever their case.
+// later.  A mask is found as a whole whatever the case of its letters, which
+// is what FindListItemExact does in a list box.
 
 #pragma once
 

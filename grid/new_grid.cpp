@@ -16,8 +16,11 @@ int SizeInRange(int typed) {
 
 // The share of a number of black squares, in whole percent.
 int Percent(double count, int gridSize) {
+  constexpr double kMost = 1e6;
   const int cells = gridSize * gridSize;
-  return cells == 0 ? 0 : static_cast<int>(std::floor(100 * count / cells));
+  if (cells == 0) return 0;
+  return static_cast<int>(
+      std::floor(std::clamp(100 * count / cells, -kMost, kMost)));
 }
 
 }  // namespace
@@ -35,6 +38,7 @@ void NewGrid(State& state, Ports ports) {
   state.WordProg.Value = 0;
   state.fillFailed = false;
   DrawGridLines(state, ports.picture);
+  state.Grid = CellGrid();
   ForEachCell(state.GridSize, [&](Pos p) {
     state.Grid[p] = kEmptyCell;
     state.CellNumbers[p.row][p.col] = 0;

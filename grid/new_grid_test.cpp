@@ -61,6 +61,8 @@ TEST(NewGrid, TheShareFollowsTheCountThatIsTyped) {
   EXPECT_EQ(desk.state.Label2, " = 16%");
   EditBlackSquareCount(desk.state, "none");
   EXPECT_EQ(desk.state.Label2, " = 0%");
+  EditBlackSquareCount(desk.state, "99999999999999");
+  EXPECT_EQ(desk.state.Label2, " = 1000000%");
 }
 
 TEST(Drawing, ScrollBarsAppearFromTwentyThreeCells) {

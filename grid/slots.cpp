@@ -30,7 +30,8 @@ std::vector<Slot> FindSlots(const State& state, int shortest) {
       std::string line;
       for (int k = 0; k < n; ++k) {
         const char cell = state.Grid[Along(first, direction, k)];
-        if (cell != kNoCell) line += cell;
+        // Before the first Draw, cells count as empty.
+        line += cell == kNoCell ? kEmptyCell : cell;
       }
       for (const Run& run : SplitLine(line))
         if (run.length >= shortest)

@@ -73,7 +73,9 @@ mode_t ModeFor(const std::string& path) {
 }  // namespace
 
 LineReader::LineReader(const std::string& path)
-    : path_(path), file_(std::fopen(path.c_str(), "rb")) {
+    : path_(path),
+      file_(path == "-" ? fdopen(dup(STDIN_FILENO), "rb")
+                        : std::fopen(path.c_str(), "rb")) {
   if (!file_) FailWith(path, "cannot be opened", errno);
 }
 

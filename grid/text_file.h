@@ -16,7 +16,8 @@ class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The lines of a file, whose end is CR LF, LF or CR.  A file that begins with
+// The lines of a file ("-": of standard input), whose end is CR LF, LF or
+// CR.  A file that begins with
 // many control characters is no text; more than 256 MiB or a line of more
 // than 64 KiB is too much.  Each of these throws FileError, as a file does
 // that cannot be opened or read.
@@ -28,6 +29,7 @@ class LineReader {
   // view holds until the next call.
   bool Next(std::string_view& line);
   int LineNumber() const { return lineNumber_; }  // of the last line read
+  // Throws FileError with that line.
   [[noreturn]] void Fail(std::string_view what) const;
 
  private:

@@ -20,11 +20,11 @@ CellGroup ChainFinder::GroupAt(Pos seed) {
   found_[key.index] = true;
   group.cells.push_back(key);
   for (std::size_t i = 0; i < group.cells.size(); ++i)
-    Grow(group, group.cells[i]);
+    GrowChain(group, group.cells[i]);
   return group;
 }
 
-void ChainFinder::Grow(CellGroup& group, CellKey key) {
+void ChainFinder::GrowChain(CellGroup& group, CellKey key) {
   const int w = flat_.width;
   const int steps[] = {-1, 1, w, -w, w + 1, w - 1, -(w + 1), -(w - 1)};
   const char kind = flat_.cells[key.index];
@@ -37,7 +37,7 @@ void ChainFinder::Grow(CellGroup& group, CellKey key) {
   }
 }
 
-bool ChainFinder::AllOnOneEdge(const std::vector<CellKey>& cells) const {
+bool ChainFinder::ChainOnOneEdge(const std::vector<CellKey>& cells) const {
   const auto all = [&](auto onEdge) {
     return std::ranges::all_of(
         cells, [&](CellKey key) { return onEdge(CellOf(key)); });

@@ -27,7 +27,7 @@ class ChainFinder {
     return p.row == 1 || p.row == n_ || p.col == 1 || p.col == n_;
   }
   // Whether all of some cells lie along one edge of the grid.
-  bool AllOnOneEdge(const std::vector<CellKey>& cells) const;
+  bool ChainOnOneEdge(const std::vector<CellKey>& cells) const;
 
  private:
   struct FlatGrid {
@@ -36,7 +36,7 @@ class ChainFinder {
   };
 
   // Adds the neighbours of a cell that are of its kind and not yet found.
-  void Grow(CellGroup& group, CellKey key);
+  void GrowChain(CellGroup& group, CellKey key);
 
   int n_;
   int digits_;

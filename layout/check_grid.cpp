@@ -30,7 +30,7 @@ class Check {
   CheckStatus ReportSound();
   bool FindUncrossed();
   CheckStatus ReportGroups();
-  void Paint(const CellGroup& group, Colour colour);
+  void PaintChain(const CellGroup& group, Colour colour);
 
   void StartStage(const char* name) {
     state_.ProgBar.Value = 0;
@@ -55,7 +55,7 @@ class Check {
   Ports ports_;
   const bool quiet_;
   std::optional<ChainFinder> chains_;
-  std::vector<CellGroup> groups_;  // by seed in reading order
+  std::vector<CellGroup> groups_;  // black ones, then white ones
   int ringWhiteCount_ = 0;
 };
 
@@ -154,7 +154,7 @@ std::vector<CellKey> OnRing(const ChainFinder& chains, const CellGroup& group) {
 bool Check::Divides(const CellGroup& chain) const {
   if (chain.cells.size() < 3) return false;
   const std::vector<CellKey> ring = OnRing(*chains_, chain);
-  return ring.size() >= 2 && !chains_->AllOnOneEdge(ring);
+  return ring.size() >= 2 && !chains_->ChainOnOneEdge(ring);
 }
 
 // A white group is shut in unless it holds every white cell of the border.
@@ -234,11 +234,11 @@ CheckStatus Check::ReportGroups() {
     colour.red = shade();
     colour.green = shade();
     colour.blue = shade();
-    Paint(group, colour);
+    PaintChain(group, colour);
     status = kEnclosed;
   }
   for (const CellGroup& group : state_.List10) {
-    Paint(group, ColourDivides);
+    PaintChain(group, ColourDivides);
     status = kDividing;
   }
   EndStages();
@@ -256,7 +256,7 @@ CheckStatus Check::ReportGroups() {
   return status;
 }
 
-void Check::Paint(const CellGroup& group, Colour colour) {
+void Check::PaintChain(const CellGroup& group, Colour colour) {
   for (CellKey key : group.cells)
     DrawCell(state_, ports_.picture, chains_->CellOf(key), colour);
   ++state_.ProgBar.Value;

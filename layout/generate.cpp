@@ -88,7 +88,7 @@ bool ScatterOverLines(State& state, Ports ports, int first) {
     if (TargetReached(state)) return true;
     (void)TryPlaceBlack(state, ports.picture, {RandomUpTo(ports.host, n), i});
     if (TargetReached(state)) return true;
-    if (first == 1) state.ProgBar.Value = i;
+    state.ProgBar.Value = i;
   }
   ports.host.Poll();
   return state.haltRequested;
@@ -145,18 +145,16 @@ bool PlaceLattice(State& state, Ports ports) {
 }
 
 // Splits once and takes the split back, for good, when it divides the grid
-// or shuts cells in.
-void SplitSoundly(State& state, Ports ports, std::vector<Pos>& blocked) {
-  constexpr int kWorstKept = 2;
-  state.List3.As<Pos>() = blocked;
+// or shuts cells in.  Without a split there is nothing to check.
+void SplitSoundly(State& state, Ports ports) {
   const auto cell = SplitLongestSlot(state, ports);
-  if (cell && CheckGrid(state, ports, true) > kWorstKept) {
-    blocked.push_back(*cell);
+  if (cell && CheckGrid(state, ports, true) > kUncrossed) {
+    state.List3.As<Pos>().push_back(*cell);
     RemoveBlackPair(state, ports.picture, *cell);
   }
-  state.List3.As<Pos>() = blocked;
-  // The check empties the ring around the grid.
+  // The check empties the ring around the grid and enables the frames.
   BlackenMargin(state);
+  DisableFrames(state);
   CountPass(state);
   PollAfterPass(state, ports, cell.has_value());
 }
@@ -167,25 +165,25 @@ int LongestOpenSlot(const State& state) {
 }
 
 void SplitToWordLengths(State& state, Ports ports) {
-  std::vector<Pos> blocked;
+  state.List3.Refill<Pos>();
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "Splitting to word lengths";
   CountBlackSquares(state);
   while (!state.haltRequested) {
     BuildMaskList(state);
     if (LongestOpenSlot(state) <= LongestWordLength) return;
-    SplitSoundly(state, ports, blocked);
+    SplitSoundly(state, ports);
   }
 }
 
 void SplitSoundlyToTarget(State& state, Ports ports) {
-  std::vector<Pos> blocked;
+  state.List3.Refill<Pos>();
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "Plce remaining black squares";
   while (!state.haltRequested) {
     BuildMaskList(state);
     if (TargetReached(state)) return;
-    SplitSoundly(state, ports, blocked);
+    SplitSoundly(state, ports);
   }
 }
 

@@ -69,6 +69,7 @@ std::optional<Fill::BacktrackResult> Fill::Retry(const Placement& last) {
            " with:" + state_.List1.Read<UsedWord>().back().Text();
   });
   ports_.host.Poll();
+  // The run ends here as it does at every other poll.
   if (state_.haltRequested) return BacktrackResult::Halted;
   if (state_.fillFailed) return std::nullopt;
   return BacktrackResult::Refilled;

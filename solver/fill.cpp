@@ -10,11 +10,24 @@
 #include "solver/slot_lengths.h"
 #include "solver/solution_record.h"
 
+namespace {
+
+// Only Halt stays usable.
+void KeepSolutionFrame(State& state) {
+  DisableFrames(state);
+  state.frames.SolutionFrame = true;
+}
+
+}  // namespace
+
 Fill::Fill(State& state, const WordTable& words, Ports ports)
     : state_(state), words_(words), ports_(ports) {}
 
 FillReport Fill::Solve(StartLocation start) {
-  if (Prepare(start)) report_.outcome = RunMainLoop();
+  if (Prepare(start))
+    report_.outcome = RunMainLoop();
+  else
+    EnableFrames(state_);
   return report_;
 }
 
@@ -25,7 +38,10 @@ bool Fill::Prepare(StartLocation start) {
   }
   if (!LengthsFit()) return false;
   state_.haltRequested = false;
-  if (start != StartLocation::Resume && !ClearForRun()) return false;
+  if (start == StartLocation::Resume)
+    DropWhatIsNoSlot();
+  else if (!ClearForRun())
+    return false;
   matcher_.emplace(state_, words_);
   around_.clear();
   const int slots = static_cast<int>(state_.SlotCells.Slots().size());
@@ -43,12 +59,10 @@ bool Fill::LengthsFit() {
   for (const Slot& slot : FindSlots(state_, 2)) runs.push_back({slot, {}});
   DifficultyGauge(state_, host);
   state_.logEnabled = false;
-  DisableFrames(state_);
-  state_.frames.SolutionFrame = true;
+  KeepSolutionFrame(state_);
   BuildSlotList(state_, host);
   RedrawAllCells(state_, ports_.picture);
   if (CheckSlotLengths(state_, ports_.picture) == 0) return true;
-  EnableFrames(state_);
   host.Pointer(PointerShape::Normal);
   host.Tell("Words at cells highlighted are of length <3 OR >20" +
             std::string(kLineBreak) + "Fix this problem and restart");
@@ -57,13 +71,33 @@ bool Fill::LengthsFit() {
 
 // Empties the grid and takes the census.
 bool Fill::ClearForRun() {
-  ClearWords(state_, ports_);
+  ClearLetters();
   ports_.host.Pointer(PointerShape::Hourglass);
-  state_.WordProg.Value = 0;
   ShowSolutionProgress(state_);
   const bool sound = TakeCensus(state_, words_, ports_.host);
   ports_.host.Pointer(PointerShape::Normal);
   return sound;
+}
+
+// Empties the grid; the frames, which that enables, stay disabled.
+void Fill::ClearLetters() {
+  ClearWords(state_, ports_);
+  KeepSolutionFrame(state_);
+}
+
+// Forgets what the stopped fill holds of slots that are no more since black
+// squares were set by hand.
+void Fill::DropWhatIsNoSlot() {
+  const auto isGone = [&](Pos first, Direction direction, int length) {
+    const Slot* slot = state_.SlotCells.At(first, direction);
+    return !slot || slot->length != length;
+  };
+  std::erase_if(state_.List6, [&](const Placement& row) {
+    return isGone(row.first, row.direction, row.word.Size());
+  });
+  std::erase_if(state_.List5.As<CountRow>(), [&](const CountRow& row) {
+    return isGone(row.slot.first, row.slot.direction, row.slot.length);
+  });
 }
 
 void Fill::StartAtRandom() {
@@ -165,7 +199,7 @@ std::optional<FillOutcome> Fill::BackOut(const CountRow& failed) {
   }
   if (result_ != 0) {
     // Start again on an empty grid from the slot that failed.
-    ClearWords(state_, ports_);
+    ClearLetters();
     matcher_->ForgetUsedWords();
     state_.List5.As<CountRow>().push_back(failed);
     return std::nullopt;

@@ -51,6 +51,8 @@ class Fill {
   bool Prepare(StartLocation start);
   bool LengthsFit();
   bool ClearForRun();
+  void ClearLetters();
+  void DropWhatIsNoSlot();
   void StartAtRandom();
   bool StartWhereSpecified();
   FillOutcome RunMainLoop();
@@ -77,7 +79,6 @@ class Fill {
   Ports ports_;
   std::optional<Matcher> matcher_;        // made when the checks have passed
   std::vector<std::vector<int>> around_;  // by slot: those around it
-  std::vector<Candidate> candidates_;     // scratch
 
   int tries_ = 0;
   int triesLimit_ = 0;  // -1: the user does not want to be asked again

@@ -11,6 +11,7 @@
 #include "layout/generate.h"
 #include "solver/census.h"
 #include "tests/fakes.h"
+#include "tests/quiet_host.h"
 
 namespace {
 
@@ -150,6 +151,57 @@ TEST(Fill, GoesOnAfterHalt) {
   // Nothing is left to do.
   EXPECT_EQ(RunFill(desk, words, StartLocation::Resume),
             FillOutcome::Completed);
+}
+
+// While a fill runs, also after it has started again, only its own frame
+// takes input.
+TEST(Fill, KeepsItsFrameAloneEnabled) {
+  struct Watching : FakeHost {
+    using FakeHost::FakeHost;
+    const State* watched = nullptr;
+    void Poll() override {
+      FakeHost::Poll();
+      EXPECT_TRUE(watched->frames.SolutionFrame);
+      EXPECT_FALSE(watched->frames.GridFrame);
+      EXPECT_FALSE(watched->frames.Picture1);
+    }
+  };
+  const WordTable words = Dictionary({"AAAAA", "BBBBB"});
+  Desk desk(kRing);
+  Watching host(desk.state);
+  host.watched = &desk.state;
+  host.script = {{"Tried 20 times", "abort"}};
+  Fill(desk.state, words, {host, desk.picture}).Solve(StartLocation::Random);
+  EXPECT_GT(host.polls, 10);
+  EXPECT_TRUE(desk.state.frames.GridFrame);
+}
+
+TEST(Fill, DoesNotTakeBackWhatStandsUnderNewBlackSquares) {
+  const WordTable words = Dictionary({"AAAAA", "BBBBB"});
+  Desk desk({".......", ".#####.", ".#...#.", ".#...#.", ".#...#.", ".#####.",
+             "......."});
+  desk.state.List6.push_back(
+      {Word("ABCDEFG"), Mask("???????"), {1, 1}, Direction::Across});
+  desk.state.Grid[{1, 4}] = desk.state.Grid[{7, 4}] = kBlackSquare;
+  desk.state.Grid[{3, 3}] = 'A';
+  desk.host.script = {{"Tried 28 times", "abort"}};
+  RunFill(desk, words, StartLocation::Resume);
+  EXPECT_EQ(Rows(desk.state)[0], "...#...");
+}
+
+// What the benchmark prints beside the time.
+TEST(Fill, TriesAsManyCandidatesAsEver) {
+  QuietDesk desk;
+  WordTable words;
+  ReadDictionary(desk.state, words, desk.host,
+                 std::string(KELDA_BINARY_DIR) + "/L2Ascii.txt");
+  ShowPuzzle(desk.state, desk.ports(),
+             ReadPuzzle(std::string(KELDA_SOURCE_DIR) + "/data/sample.kdp"));
+  const FillReport report =
+      Fill(desk.state, words, desk.ports()).Solve(StartLocation::Random);
+  EXPECT_EQ(report.slotsSolved, 34);
+  EXPECT_EQ(report.candidatesTried, 16444);
+  EXPECT_EQ(GridText(desk.state).substr(0, 15), "WALKIES#CUSPIDS");
 }
 
 TEST(Census, HardSlotsComeFirst) {

@@ -15,10 +15,12 @@ void Fill::SolveSlot(Pos first, Direction direction) {
     state_.fillFailed = true;
     return;
   }
-  // The look-ahead writes the third list, so the candidates are kept apart.
-  candidates_ = matches;
-  state_.List4.As<Candidate>() = candidates_;
-  const int n = static_cast<int>(candidates_.size());
+  // The look-ahead overwrites the third list, so the candidates are kept in
+  // the fourth.  A list of one length never overflows: it has at most
+  // WordsPerLengthLimit words.
+  state_.List4.As<Candidate>() = matches;
+  const auto& candidates = state_.List4.As<Candidate>();
+  const int n = static_cast<int>(candidates.size());
   state_.ProgBar.Value = 0;
   state_.ProgBar.Max = n + n / 2;
   state_.ProgBar.Caption =
@@ -32,24 +34,25 @@ void Fill::SolveSlot(Pos first, Direction direction) {
     return;
   }
   if (best)
-    Place(candidates_[*best], mask, first, direction);
+    Place(candidates[*best], mask, first, direction);
   else
     GiveUp(mask, first, direction);
 }
 
 // The candidate that leaves the slots around the most choices for the worst
-// of them, as a place in candidates_.  Nothing when none leaves every slot a
+// of them, as a place in the mask table.  Nothing when none leaves every slot a
 // word, or when Halt was pressed.
 // Kept: a candidate after which nothing around is open is taken, but does
 // not count as the best so far; ties go to the first.
 std::optional<int> Fill::BestCandidate(Pos first, Direction direction) {
   std::optional<int> best;
   int bestMinimum = 0;
-  const int n = static_cast<int>(candidates_.size());
+  const auto& candidates = state_.List4.Read<Candidate>();
+  const int n = static_cast<int>(candidates.size());
   for (int j = 0; j < n; ++j) {
     ports_.host.Poll();
     if (state_.haltRequested) return std::nullopt;
-    const std::string_view word = candidates_[j].word.View();
+    const std::string_view word = candidates[j].word.View();
     state_.ProgBar.Value = n - j;
     ++report_.candidatesTried;
     if (state_.redoMode) {

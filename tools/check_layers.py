@@ -36,7 +36,7 @@ def qt_is_allowed(path):
 def faults_in_include(path, quote, name):
     folder = path.parts[0]
     if quote == "<":
-        if re.match(r"Q[A-Za-z]|Qt", name) and not qt_is_allowed(path):
+        if re.match(r"Q[A-Za-z]", name) and not qt_is_allowed(path):
             yield f"Qt header <{name}>"
         if name in {"QtWidgets", "QtGui", "QtCore"}:
             yield f"all of <{name}> instead of single headers"

@@ -42,8 +42,17 @@ void TellFoundWord(App& app) {
 }
 
 void Check(App& app) {
-  CheckGrid(app.state, app.ports(), false);
-  DifficultyGauge(app.state, app.host);
+  State& state = app.state;
+  state.haltRequested = false;
+  CheckGrid(state, app.ports(), false);
+  if (state.haltRequested) {
+    state.haltRequested = false;
+    state.ProgBar.Value = 0;
+    state.ProgBar.Caption = "";
+    EnableFrames(state);
+    app.host.Pointer(PointerShape::Normal);
+  }
+  DifficultyGauge(state, app.host);
 }
 
 template <StartLocation start>

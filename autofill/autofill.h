@@ -1,0 +1,100 @@
+// Fills grids around the letters that they already hold.
+//
+// The public face of the engine: a problem as rows of text (board.h), word
+// lists (word_list.h, read_list.h), options and a callback in; a fill, the
+// proof that there is none, or neither in the time out.  Every call works
+// on objects of its own, so several can run at once; the same problem,
+// list, options and seed give the same fill, whatever the number of
+// threads, unless it is stopped.
+
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "autofill/board.h"
+#include "autofill/search.h"
+#include "autofill/word_list.h"
+
+namespace autofill {
+
+struct Options {
+  uint64_t seed = 1;
+  int threads = 0;      // 0 for all cores
+  double seconds = 60;  // of the monotonic clock
+  int minimum = 0;      // the least score of a word
+  int shared = 0;       // no two entries share a run of so many letters;
+                        // 0 for no limit
+};
+
+enum class Status { Filled, Impossible, Stopped };
+
+struct Culprit {
+  std::string entry;  // "17A"
+  std::string mask;   // "??Q?X"
+};
+
+struct Result {
+  Status status = Status::Stopped;
+  Rows rows;            // the fill, or the problem as it came
+  int lowestScore = 0;  // of our words, when filled
+  double meanScore = 0;
+  // When impossible: a small set of entries that can't be filled together,
+  // without one of which they can, as far as that was found out.
+  std::vector<Culprit> culprits;
+  std::string why;  // "17A (??Q?X) has no word"
+  SearchStatistics statistics;
+  double seconds = 0;
+};
+
+struct Progress {
+  double seconds;
+};
+// Called every few milliseconds, from one thread at a time; false stops.
+using OnProgress = std::function<bool(const Progress&)>;
+
+// Throws std::invalid_argument for rows that are no grid.
+Result Fill(const Rows& problem, const WordList& words, const Options& options,
+            const OnProgress& onProgress = {});
+
+struct BestResult {
+  Result fill;
+  int tried = 0;             // the least score that was asked for last
+  bool proved = false;       // there is no fill that scores as much
+  std::string Text() const;  // "lowest score 62; 63 is impossible"
+};
+
+// Raises the least score until there is no fill or no time.
+BestResult FillBest(const Rows& problem, const WordList& words,
+                    const Options& options, const OnProgress& onProgress = {});
+
+struct SeveralResult {
+  std::vector<Result> fills;  // best lowest score first, then best mean
+  Result last;                // why there are no more: impossible or stopped
+};
+
+// Up to `count` fills, each two of which differ in at least `differ`
+// entries.
+SeveralResult FillSeveral(const Rows& problem, const WordList& words,
+                          const Options& options, int count, int differ,
+                          const OnProgress& onProgress = {});
+
+struct Suggestion {
+  std::string word;
+  int score = 0;
+  int choices = 0;  // words left to the most constrained crossing
+};
+struct Suggestions {
+  std::vector<Suggestion> words;  // best score first, then most choices
+  int count = 0;                  // without the limit
+  std::string why;                // when nothing can be filled at all
+};
+
+// The words that still fit an entry after propagation.  Throws
+// std::invalid_argument when there is no such entry.
+Suggestions Suggest(const Rows& problem, const WordList& words,
+                    const Options& options, const std::string& entry,
+                    int limit);
+
+}  // namespace autofill

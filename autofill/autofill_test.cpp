@@ -1,0 +1,233 @@
+#include "autofill/autofill.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <chrono>
+#include <fstream>
+#include <thread>
+
+#include "autofill/check_fill.h"
+#include "autofill/read_list.h"
+#include "autofill/testing.h"
+
+namespace autofill {
+namespace {
+
+WordList Level(int level) {
+  WordListBuilder builder;
+  ReadList(std::string(KELDA_BINARY_DIR) + "/L" + std::to_string(level) +
+               "Ascii.txt",
+           0, 0, builder);
+  return builder.Build();
+}
+
+const WordList& Level2() {
+  static const WordList list = Level(2);
+  return list;
+}
+
+Rows ReadGrid(const std::string& name) {
+  std::ifstream file(KELDA_SOURCE_DIR "/bench/grids/" + name);
+  Rows rows;
+  for (std::string row; std::getline(file, row);) rows.push_back(row);
+  return rows;
+}
+
+RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
+  std::mt19937 random(seed);
+  int letters = 2 + random() % 4;
+  auto words = RandomWords(random, 5 + random() % 120, letters);
+  Rows rows = RandomGrid(random, letters);
+  Options options;
+  options.seed = seed;
+  options.shared = random() % 3 ? 0 : 2 + random() % 3;
+  WordList list = ListOf(words);
+  Result result = Fill(rows, list, options);
+  RC_ASSERT(result.status != Status::Stopped);
+  bool exists = PlainFill(rows, words, options.shared).Exists();
+  RC_ASSERT((result.status == Status::Filled) == exists);
+  if (exists) {
+    RC_ASSERT(FindFault(rows, result.rows, list, 0, options.shared) == "");
+  } else {
+    RC_ASSERT(!result.culprits.empty());
+  }
+}
+
+// The culprits alone must have no fill, and without any one of them there
+// must be one.
+RC_GTEST_PROP(Fill, NamesNoMoreEntriesThanAreNeeded, (unsigned seed)) {
+  std::mt19937 random(seed);
+  auto words = RandomWords(random, 12, 3);
+  Rows rows = RandomGrid(random, 3);
+  WordList list = ListOf(words);
+  Result result = Fill(rows, list, {});
+  RC_PRE(result.status == Status::Impossible);
+  Board board(rows);
+  std::vector<int> culprits;
+  for (const Culprit& culprit : result.culprits) {
+    culprits.push_back(board.Find(culprit.entry));
+    RC_ASSERT(board.Mask(culprits.back()) == culprit.mask);
+  }
+  if (board.Entries()[culprits[0]].given) return;
+  for (size_t without = 0; without <= culprits.size(); ++without) {
+    Search::Settings settings;
+    settings.limits.active.assign(board.EntryCount(), 0);
+    for (size_t i = 0; i < culprits.size(); ++i) {
+      settings.limits.active[culprits[i]] = i != without;
+    }
+    Search search(board, list, settings);
+    bool fills = search.Run(1 << 30, [] { return false; }) == Outcome::Filled;
+    RC_ASSERT(fills == (without < culprits.size()));
+  }
+}
+
+TEST(Fill, SaysWhyNot) {
+  struct Case {
+    Rows rows;
+    std::vector<std::string> words;
+    std::string why;
+  };
+  const Case cases[] = {
+      {{"Q.X"}, {"CAT"}, "1A (Q?X) has no word"},
+      {{"...", "###", "..."},
+       {"CAT"},
+       "no words fit 1A (?\?\?) and 2A (?\?\?) together"},
+      {{"CAT", "###", "CAT"}, {"CAT"}, "1A and 2A are both CAT"},
+      {{"C..", "A##", "T##"}, {"CAT"}, "1A (C?\?) has no word"},
+      {{"C..", ".##", "T##"},
+       {"CAT"},
+       "no words fit 1A (C?\?) and 1D (C?T) together"},
+  };
+  for (const Case& c : cases) {
+    Result result = Fill(c.rows, ListOf(c.words), {});
+    EXPECT_EQ(result.status, Status::Impossible);
+    EXPECT_EQ(result.why, c.why);
+  }
+}
+
+TEST(Fill, TakesUnusualGrids) {
+  WordList list = ListOf({"CAT", "DOG", "OAR"});
+  const Rows grids[] = {
+      {},                     // nothing
+      {"#"},                  //
+      {"..", ".."},           // no entry
+      {"...", "##.", "..#"},  // runs of one and two cells
+      {"...#..."},            // two parts without crossings
+      {"ZQX", "##.", "##."},  // a given word that no list has
+      {std::string(3, '?')},  //
+  };
+  for (const Rows& rows : grids) {
+    Result result = Fill(rows, list, {});
+    bool fillable = rows.empty() || rows[0][0] != 'Z';
+    EXPECT_EQ(result.status == Status::Filled, fillable);
+  }
+  EXPECT_EQ(Fill({"..", ".."}, list, {}).rows, (Rows{"..", ".."}));
+  EXPECT_THROW(Fill({"..", "."}, list, {}), std::invalid_argument);
+  EXPECT_THROW(Fill({"+.."}, list, {}), std::invalid_argument);
+  EXPECT_THROW(Fill(Rows(1, std::string(52, '.')), list, {}),
+               std::invalid_argument);
+  std::string longest(51, 'A');
+  EXPECT_EQ(Fill(Rows{std::string(51, '.')}, ListOf({longest}), {}).rows,
+            Rows{longest});
+}
+
+TEST(Fill, IsTheSameOnAnyNumberOfThreads) {
+  // The second grid needs rounds of several searches.
+  for (const char* name : {"theme-am15-01.txt", "am15-07.txt"}) {
+    Rows rows = ReadGrid(name);
+    Options options;
+    options.seconds = 500;
+    std::vector<Result> results;
+    for (int threads : {1, 2, 4}) {
+      options.threads = threads;
+      results.push_back(Fill(rows, Level2(), options));
+      EXPECT_EQ(results.back().status, Status::Filled);
+      EXPECT_EQ(FindFault(rows, results.back().rows, Level2(), 0, 0), "");
+      EXPECT_EQ(results.back().rows, results[0].rows);
+    }
+  }
+}
+
+TEST(Fill, StopsWithinATenthOfASecond) {
+  using Clock = std::chrono::steady_clock;
+  Rows rows = ReadGrid("am15-09.txt");
+  Options options;
+  options.threads = 2;
+  Clock::time_point asked{};
+  Result result = Fill(rows, Level2(), options, [&](const Progress& p) {
+    if (p.seconds < 0.3) return true;
+    asked = Clock::now();
+    return false;
+  });
+  std::chrono::duration<double> delay = Clock::now() - asked;
+  EXPECT_EQ(result.status, Status::Stopped);
+  EXPECT_EQ(result.rows, rows);
+  // The slack is for the checked builds on a busy machine.
+  EXPECT_LT(delay.count(), 1.0);
+}
+
+TEST(FillBest, ProvesThatNothingScoresMore) {
+  WordListBuilder builder;
+  builder.Add("CAT", 90, 0);
+  builder.Add("COT", 40, 0);
+  builder.Add("CUT", 20, 0);
+  BestResult best = FillBest({"C..", "###", "C.."}, builder.Build(), {});
+  EXPECT_EQ(best.Text(), "lowest score 40; 41 is impossible");
+  best = FillBest({"C.."}, builder.Build(), {});
+  EXPECT_EQ(best.Text(), "lowest score 90; 91 is impossible");
+}
+
+RC_GTEST_PROP(FillSeveral, FindsAllFillsThatDiffer, (unsigned seed)) {
+  std::mt19937 random(seed);
+  auto words = RandomWords(random, 30, 4);
+  Rows rows = RandomGrid(random, 4);
+  Board board(rows);
+  int ours = 0;
+  for (const Entry& entry : board.Entries()) ours += !entry.given;
+  RC_PRE(ours > 0);
+  int differ = 1 + static_cast<int>(random() % ours);
+  SeveralResult several = FillSeveral(rows, ListOf(words), {}, 5, differ);
+  for (size_t i = 0; i < several.fills.size(); ++i) {
+    Board a(several.fills[i].rows);
+    for (size_t j = 0; j < i; ++j) {
+      Board b(several.fills[j].rows);
+      int different = 0;
+      for (int e = 0; e < a.EntryCount(); ++e) {
+        different += a.Mask(e) != b.Mask(e);
+      }
+      RC_ASSERT(different >= differ);
+    }
+  }
+  if (several.fills.size() < 5) {
+    RC_ASSERT(several.last.status == Status::Impossible);
+  }
+}
+
+TEST(FillSeveral, CountsWhatIsThere) {
+  WordList list = ListOf({"CAT", "COT", "CUT"});
+  EXPECT_EQ(FillSeveral({"C.T"}, list, {}, 5, 1).fills.size(), 3u);
+  EXPECT_EQ(FillSeveral({"C.T#C.T"}, list, {}, 9, 1).fills.size(), 6u);
+}
+
+TEST(Suggest, ListsWhatFitsWithScoresAndChoices) {
+  WordListBuilder builder;
+  builder.Add("CAT", 50, 0);
+  builder.Add("COT", 90, 0);
+  builder.Add("ANT", 50, 0);
+  builder.Add("OWL", 50, 0);
+  builder.Add("OAR", 50, 0);
+  builder.Add("TEN", 50, 0);
+  WordList list = builder.Build();
+  Suggestions found = Suggest({"C.T", "#.#", "#.#"}, list, {}, "1A", 10);
+  ASSERT_EQ(found.words.size(), 2u);
+  EXPECT_EQ(found.words[0].word, "COT");
+  EXPECT_EQ(found.words[0].score, 90);
+  EXPECT_EQ(found.words[0].choices, 2);
+  EXPECT_EQ(found.words[1].word, "CAT");
+  EXPECT_EQ(found.words[1].choices, 1);
+  EXPECT_THROW(Suggest({"..."}, list, {}, "7D", 1), std::invalid_argument);
+}
+
+}  // namespace
+}  // namespace autofill

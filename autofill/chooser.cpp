@@ -1,0 +1,125 @@
+#include "autofill/chooser.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace autofill {
+
+constexpr int kCandidates = 256;
+constexpr double kUncrossed = 1e300;  // such a cell comes last
+constexpr float kNoise = 0.5;
+constexpr float kScoreWeight = 0.3f;  // a point against a factor of e^0.3
+
+Chooser::Chooser(const Store& store, uint64_t seed,
+                 const std::vector<std::vector<int>>& earlier)
+    : store_(store),
+      earlier_(earlier),
+      random_(seed),
+      weights_(store.GetBoard().EntryCount(), 1.0),
+      kept_(store.GetBoard().EntryCount(), -1),
+      candidates_(kCandidates) {}
+
+void Chooser::Bump(int entry) {
+  weights_[entry] += increment_;
+  if (weights_[entry] < 1e100) return;
+  for (double& weight : weights_) weight *= 1e-100;
+  increment_ *= 1e-100;
+}
+
+void Chooser::KeepWords() {
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    if (store_.Done(e)) kept_[e] = store_.WordOf(e);
+  }
+}
+
+bool Chooser::Fits(int entry, int word) const {
+  const LengthTable& table = store_.TableOf(entry);
+  const uint32_t* row = table.Row(word);
+  int first = store_.GetBoard().Entries()[entry].first;
+  for (int p = 0; p < table.length; ++p) {
+    if (!(row[p] & store_.LettersAt(first + p))) return false;
+  }
+  return store_.Has(entry, word);
+}
+
+bool Chooser::Next(Literal& literal) {
+  if (entry_ < 0 || store_.Done(entry_) || !Fits(entry_, word_)) {
+    entry_ = NextEntry();
+    if (entry_ < 0) return false;
+    word_ = kept_[entry_];
+    if (word_ < 0 || !Fits(entry_, word_)) word_ = BestWord(entry_);
+  }
+  int position = NextPosition(entry_);
+  int offset = position - store_.GetBoard().Entries()[entry_].first;
+  literal = {store_.GetBoard().CellOf(position),
+             kAllLetters & ~store_.TableOf(entry_).Row(word_)[offset]};
+  return true;
+}
+
+int Chooser::NextEntry() const {
+  int best = -1;
+  double bestValue = 0;
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    if (store_.Done(e)) continue;
+    double value = std::sqrt(store_.SizeOf(e)) / weights_[e];
+    if (best < 0 || value < bestValue) best = e, bestValue = value;
+  }
+  return best;
+}
+
+void Chooser::CountCrossings(int entry) {
+  const Board& board = store_.GetBoard();
+  int first = board.Entries()[entry].first;
+  for (int p = 0; p < board.Entries()[entry].length; ++p) {
+    int crossing = board.Crossing(first + p);
+    if (crossing < 0 || std::has_single_bit(store_.LettersAt(first + p))) {
+      std::fill_n(support_[p], kLetters, 0.0f);
+      continue;
+    }
+    int counts[kLetters];
+    store_.CountLetters(board.EntryOf(crossing), crossing, counts);
+    for (int letter = 0; letter < kLetters; ++letter) {
+      support_[p][letter] = std::log(static_cast<float>(counts[letter]) + 0.1f);
+    }
+  }
+}
+
+int Chooser::BestWord(int entry) {
+  int count = store_.CopyWords(entry, kCandidates, candidates_.data());
+  if (count == 1) return candidates_[0];
+  CountCrossings(entry);
+  const LengthTable& table = store_.TableOf(entry);
+  std::uniform_real_distribution<float> chance(0, 1);
+  int best = -1;
+  float bestValue = 0;
+  for (int i = 0; i < count; ++i) {
+    int word = candidates_[i];
+    const uint8_t* letters = table.Letters(word);
+    float value = kScoreWeight * table.scores[word] + kNoise * chance(random_);
+    for (const auto& fill : earlier_) value -= fill[entry] == word ? 1e3f : 0;
+    for (int p = 0; p < table.length; ++p) value += support_[p][letters[p]];
+    if (best < 0 || value > bestValue) best = word, bestValue = value;
+  }
+  return best;
+}
+
+// The cell whose crossing is the most constrained.
+int Chooser::NextPosition(int entry) const {
+  const Board& board = store_.GetBoard();
+  int first = board.Entries()[entry].first, best = -1;
+  double bestSize = 0;
+  for (int p = 0; p < board.Entries()[entry].length; ++p) {
+    if (std::has_single_bit(store_.LettersAt(first + p))) continue;
+    int crossing = board.Crossing(first + p);
+    double size = kUncrossed;
+    if (crossing >= 0) {
+      int other = board.EntryOf(crossing);
+      size = store_.SizeOf(other) / weights_[other];
+    }
+    if (best < 0 || size < bestSize) best = first + p, bestSize = size;
+  }
+  return best;
+}
+
+}  // namespace autofill

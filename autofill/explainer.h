@@ -1,0 +1,56 @@
+// Why an entry narrowed as it did, in literals.
+//
+// Made on demand, for the conflicts only: Gent, Miguel and Moore 2010, "Lazy
+// explanations for constraint propagators".  An answer is a set of literals
+// that held before the event and that together rule out every word that
+// level 0 left and that the narrowing needs gone.
+
+#pragma once
+
+#include <vector>
+
+#include "autofill/literals.h"
+
+namespace autofill {
+
+// Why are, of the words of `entry`, all those dead that have one of
+// `letters` at `position` (or simply all, when the position is -1), from
+// literals that held before `event`?
+struct Question {
+  int entry;
+  int position;  // in the board's numbering
+  uint32_t letters;
+  int event;
+};
+
+class Explainer {
+ public:
+  explicit Explainer(const Store& store);
+  void Explain(const Question& question, std::vector<Literal>& literals);
+
+ private:
+  struct Fixed {
+    int event, offset, letter;
+  };
+
+  void FindFixed(const Question& question);
+  void ReadWords();
+  void StartBits(const Question& question);
+  void StartList(const Question& question);
+  void AddFixed();
+  void AddKillers(const Question& question, std::vector<Literal>& literals);
+  void AddUse(const Question& question, int word,
+              std::vector<Literal>& literals);
+  bool FixedBefore(int entry, int from, int length, int event) const;
+
+  const Store& store_;
+  std::vector<Fixed> fixed_;
+  std::vector<uint64_t> bits_, scratch_;
+  std::vector<int> list_;
+  int size_ = 0;
+  const LengthTable* table_ = nullptr;
+  int first_ = 0;
+  uint32_t killed_[kLongestWord];  // letters that chosen literals rule out
+};
+
+}  // namespace autofill

@@ -1,0 +1,127 @@
+#include "autofill/kernels.h"
+
+#include <bit>
+#include <utility>
+
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#define KELDA_CLONES __attribute__((target_clones("avx2", "default")))
+#else
+#define KELDA_CLONES
+#endif
+
+namespace autofill {
+namespace {
+
+using Vector = uint32_t __attribute__((vector_size(16), may_alias));
+
+template <bool kKeep>
+[[gnu::always_inline]] inline int Narrow(uint64_t* set,
+                                         const uint64_t* const* bitsets,
+                                         int count, int blocks) {
+  int size = 0;
+  for (int b = 0; b < blocks; ++b) {
+    uint64_t united = 0;
+    for (int i = 0; i < count; ++i) united |= bitsets[i][b];
+    set[b] &= kKeep ? united : ~united;
+    size += std::popcount(set[b]);
+  }
+  return size;
+}
+
+// kVectors is the row length in vectors, so that the union stays in
+// registers; 0 means any length.
+template <int kVectors>
+[[gnu::always_inline]] inline int Filter(const RowFilter& filter, int* list,
+                                         int count, uint32_t* united) {
+  int vectors = kVectors ? kVectors : filter.lanes / 4;
+  Vector sum[kVectors ? kVectors : 13] = {};
+  int kept = 0;
+  while (kept < count) {
+    int word = list[kept];
+    const uint32_t* row =
+        filter.rows + static_cast<int64_t>(word) * filter.lanes;
+    bool fits = filter.usedBy[word] < 0;
+    for (int i = 0; i < filter.positionCount; ++i) {
+      int p = filter.positions[i];
+      fits &= (row[p] & filter.allowed[p]) != 0;
+    }
+    if (fits) {
+      for (int v = 0; v < vectors; ++v) {
+        Vector lanes;
+        __builtin_memcpy(&lanes, row + 4 * v, sizeof lanes);
+        sum[v] |= lanes;
+      }
+      ++kept;
+    } else {
+      std::swap(list[kept], list[--count]);
+    }
+  }
+  for (int v = 0; v < vectors; ++v) {
+    __builtin_memcpy(united + 4 * v, &sum[v], sizeof sum[v]);
+  }
+  return kept;
+}
+
+}  // namespace
+
+KELDA_CLONES
+int KeepUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
+              int blocks) {
+  return Narrow<true>(set, bitsets, count, blocks);
+}
+
+KELDA_CLONES
+int DropUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
+              int blocks) {
+  return Narrow<false>(set, bitsets, count, blocks);
+}
+
+KELDA_CLONES
+int Intersect(const uint64_t* a, const uint64_t* b, int blocks, uint64_t* out) {
+  int size = 0;
+  for (int i = 0; i < blocks; ++i) {
+    out[i] = a[i] & b[i];
+    size += std::popcount(out[i]);
+  }
+  return size;
+}
+
+KELDA_CLONES
+int IntersectionSize(const uint64_t* a, const uint64_t* b, int blocks) {
+  int size = 0;
+  for (int i = 0; i < blocks; ++i) size += std::popcount(a[i] & b[i]);
+  return size;
+}
+
+KELDA_CLONES
+int Size(const uint64_t* set, int blocks) {
+  int size = 0;
+  for (int i = 0; i < blocks; ++i) size += std::popcount(set[i]);
+  return size;
+}
+
+int FirstMeeting(const uint64_t* a, const uint64_t* b, int blocks) {
+  for (int i = 0; i < blocks; ++i) {
+    if (a[i] & b[i]) return i;
+  }
+  return -1;
+}
+
+KELDA_CLONES
+int FilterList(const RowFilter& filter, int* list, int count,
+               uint32_t* united) {
+  switch (filter.lanes) {
+    case 4:
+      return Filter<1>(filter, list, count, united);
+    case 8:
+      return Filter<2>(filter, list, count, united);
+    case 12:
+      return Filter<3>(filter, list, count, united);
+    case 16:
+      return Filter<4>(filter, list, count, united);
+    default:
+      return Filter<0>(filter, list, count, united);
+  }
+}
+
+}  // namespace autofill

@@ -1,0 +1,40 @@
+// The inner loops over bitsets and word rows.
+//
+// Each is compiled twice, for any x86-64 and for AVX2, and the loader picks;
+// elsewhere there is one plain version.  Nothing here allocates.
+
+#pragma once
+
+#include <cstdint>
+
+namespace autofill {
+
+// set &= the union of `count` bitsets; `blocks` long.  Returns the size.
+int KeepUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
+              int blocks);
+// set &= ~the union of `count` bitsets.  Returns the size.
+int DropUnion(uint64_t* set, const uint64_t* const* bitsets, int count,
+              int blocks);
+// out = a & b.  Returns the size.
+int Intersect(const uint64_t* a, const uint64_t* b, int blocks, uint64_t* out);
+int IntersectionSize(const uint64_t* a, const uint64_t* b, int blocks);
+int Size(const uint64_t* set, int blocks);
+// The first block in which a and b meet, or -1.
+int FirstMeeting(const uint64_t* a, const uint64_t* b, int blocks);
+
+// The rows of the words of one length, and what a word must still fit.
+struct RowFilter {
+  const uint32_t* rows;
+  int lanes;
+  const uint32_t* allowed;   // letter sets by position
+  const uint8_t* positions;  // the positions to check
+  int positionCount;
+  const int16_t* usedBy;  // by word, -1 for free
+};
+
+// Moves the words of list[0..count) that fit and are free to the front, the
+// others behind them; `united` (lanes long) gets the union of the rows that
+// stay.  Returns how many stay.
+int FilterList(const RowFilter& filter, int* list, int count, uint32_t* united);
+
+}  // namespace autofill

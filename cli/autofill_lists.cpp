@@ -1,0 +1,88 @@
+#include "cli/autofill_lists.h"
+
+#include <filesystem>
+#include <iostream>
+
+#include "autofill/read_list.h"
+#include "cli/session.h"
+#include "dictionary/levels.h"
+#include "grid/state.h"
+#include "grid/text.h"
+
+namespace {
+
+struct ListChoice {
+  std::string name;
+  int minimum = 0;
+};
+
+// "words.txt:60"; a file that has such a name goes first.
+ListChoice ParseChoice(const std::string& text) {
+  const size_t colon = text.rfind(':');
+  std::error_code error;
+  if (colon == text.npos || colon + 1 == text.size() ||
+      text.size() - colon > 4 ||
+      text.find_first_not_of("0123456789", colon + 1) != text.npos ||
+      std::filesystem::exists(text, error))
+    return {text, 0};
+  return {text.substr(0, colon), std::stoi(text.substr(colon + 1))};
+}
+
+std::string CheckChoice(const std::string& text) {
+  return ParseChoice(text).minimum <= autofill::kBestScore
+             ? ""
+             : "the least score of a list is from 0 to 100";
+}
+
+}  // namespace
+
+void AddListOption(CLI::App& command, std::vector<std::string>& lists) {
+  command
+      .add_option("-w,--words", lists,
+                  "Word list: a file, or 1, 2 or 3 for a level, and perhaps "
+                  "the least score to take, as in words.txt:60.  Give it "
+                  "again for more lists; a word's first list decides its "
+                  "score.  Default: 2")
+      ->allow_extra_args(false)
+      ->check(CheckChoice);
+}
+
+autofill::WordList LoadLists(const std::vector<std::string>& lists) {
+  autofill::WordListBuilder builder;
+  int number = 0;
+  for (const std::string& text :
+       lists.empty() ? std::vector<std::string>{"2"} : lists) {
+    const ListChoice list = ParseChoice(text);
+    const bool isLevel =
+        list.name.size() == 1 && list.name >= "1" && list.name <= "3";
+    const std::string path =
+        isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1'])
+                : InputPath(list.name);
+    const autofill::LoadReport report =
+        autofill::ReadList(path, list.minimum, number++, builder);
+    if (!isLevel) std::cerr << report.Text() << "\n";
+  }
+  autofill::WordList words = builder.Build();
+  if (words.Count() == 0)
+    throw FileError("the word lists hold no word of 3 to 51 letters");
+  return words;
+}
+
+autofill::Rows RowsOf(const Puzzle& puzzle) {
+  autofill::Rows rows = puzzle.cells;
+  for (std::string& row : rows) {
+    for (char& cell : row) {
+      if (cell == kBlackSquare)
+        cell = '#';
+      else if (cell == kEmptyCell)
+        cell = '.';
+    }
+  }
+  return rows;
+}
+
+std::string PuzzleText(const std::string& title, const autofill::Rows& rows) {
+  std::string text = title + std::string(kLineBreak);
+  for (const std::string& row : rows) text += row + std::string(kLineBreak);
+  return text;
+}

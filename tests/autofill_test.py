@@ -1,0 +1,96 @@
+"""kelda-cli autofill and suggest from outside: lines, files, exit statuses.
+
+    autofill_test.py BIN_DIR
+"""
+
+import json
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+CLI = pathlib.Path(sys.argv[1]) / "kelda-cli"
+GRIDS = pathlib.Path(__file__).parent.parent / "bench" / "grids"
+
+
+def run(*arguments, status=0):
+    done = subprocess.run([CLI, *map(str, arguments)], capture_output=True,
+                          text=True, timeout=300)
+    assert done.returncode == status, (arguments, done)
+    return done
+
+
+def puzzle(folder, name, rows):
+    path = folder / name
+    path.write_text("\r\n".join(["A title", *rows]) + "\r\n", newline="")
+    return path
+
+
+def check_files(folder):
+    names = ["theme-am15-01", "am15-03"]
+    puzzles = [puzzle(folder, f"{name}.kdp",
+                      (GRIDS / f"{name}.txt").read_text().split())
+               for name in names]
+    out = folder / "out"
+    done = run("autofill", *puzzles, "--json", "-o", out)
+    for path, line in zip(puzzles, done.stdout.splitlines(), strict=True):
+        report = json.loads(line)
+        assert report["puzzle"] == str(path)
+        assert report["status"] == "filled"
+        filled = (out / path.name).read_bytes().decode().split("\r\n")
+        assert filled[0] == "A title"
+        assert filled[1:-1] == report["fills"][0]["rows"]
+        before = path.read_bytes().decode().split("\r\n")
+        for old, new in zip(before[1:], filled[1:], strict=True):
+            assert all(a == b or a == "." and b.isalpha()
+                       for a, b in zip(old, new, strict=True))
+
+
+def check_outcomes(folder):
+    words = folder / "words.txt"
+    words.write_text("cat;90\nC.O.T;40\nten;70\nZOO;x\n")
+    path = puzzle(folder, "cross.kdp",
+                  ["C.T##", "##.##", "##N##", "#####", "#####"])
+    done = run("autofill", path, "-w", words, "--best")
+    assert "lowest score 70; 71 is impossible" in done.stdout, done
+    assert "CAT##" in done.stdout and "1 refused" in done.stderr, done
+    done = run("autofill", path, "-w", f"{words}:80", status=1)
+    assert "impossible: 2D (T?N) has no word" in done.stdout, done
+    done = run("autofill", path, "-w", words, "--count", 2, "--differ", 1,
+               "-o", folder / "full.kdp")
+    assert "filled 2 times, lowest score 70" in done.stdout, done
+    assert "CAT##" in (folder / "full.kdp").read_text()
+    assert "COT##" in (folder / "full-2.kdp").read_text()
+    done = run("suggest", path, "1a", "-w", words)
+    assert done.stdout == "CAT 90 1\nCOT 40 1\n", done
+
+
+def check_errors(folder):
+    run("autofill", status=2)
+    run("autofill", "x.kdp", "-w", "2:101", status=2)
+    run("autofill", folder / "none.kdp", status=3)
+    letters = puzzle(folder, "bad.kdp", ["+..", "...", "..."])
+    run("autofill", letters, status=3)
+    empty = folder / "empty.txt"
+    empty.write_text("")
+    run("autofill", letters, "-w", empty, status=3)
+
+
+def check_interrupt(folder):
+    path = puzzle(folder, "hard.kdp",
+                  (GRIDS / "am15-09.txt").read_text().split())
+    process = subprocess.Popen([CLI, "autofill", path], text=True,
+                               stdout=subprocess.PIPE)
+    time.sleep(2)
+    process.send_signal(signal.SIGINT)
+    out, _ = process.communicate(timeout=60)
+    assert process.returncode == 1 and "stopped" in out, out
+
+
+with tempfile.TemporaryDirectory() as name:
+    for check in (check_files, check_outcomes, check_errors, check_interrupt):
+        folder = pathlib.Path(name) / check.__name__
+        folder.mkdir()
+        check(folder)
