@@ -1,7 +1,6 @@
 #include "cli/drawing_files.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iostream>
 #include <optional>
 #include <vector>
@@ -15,15 +14,15 @@ struct KindName {
   FileKind kind;
   std::string_view end;
 };
-constexpr KindName kKindNames[] = {{FileKind::Pdf, ".PDF"},
-                                   {FileKind::Svg, ".SVG"},
-                                   {FileKind::Png, ".PNG"},
-                                   {FileKind::Bmp, ".BMP"}};
+constexpr KindName kKindNames[] = {{FileKind::Pdf, ".pdf"},
+                                   {FileKind::Svg, ".svg"},
+                                   {FileKind::Png, ".png"},
+                                   {FileKind::Bmp, ".bmp"}};
 
 std::optional<FileKind> KindByName(const std::string& name) {
   const std::string upper = UpperCase(name);
   for (const KindName& known : kKindNames)
-    if (upper.ends_with(known.end)) return known.kind;
+    if (upper.ends_with(UpperCase(known.end))) return known.kind;
   return std::nullopt;
 }
 
@@ -43,9 +42,7 @@ CLI::Validator CheckKind(std::initializer_list<FileKind> kinds) {
         std::string ends;
         for (const KindName& known : kKindNames)
           if (std::ranges::find(kinds, known.kind) != kinds.end())
-            for (char c :
-                 std::string(ends.empty() ? "" : ", ").append(known.end))
-              ends += static_cast<char>(std::tolower(c));
+            ends.append(ends.empty() ? "" : ", ").append(known.end);
         return name + ": the name must end in one of " + ends;
       },
       "FILE");

@@ -1,5 +1,6 @@
 #include "controls/help_window.h"
 
+
 #include <QBoxLayout>
 #include <QDesktopServices>
 #include <QFileInfo>
@@ -7,6 +8,8 @@
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QUrl>
+
+#include "controls/paper_palette.h"
 
 HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
   setObjectName("HelpForm");
@@ -20,6 +23,7 @@ HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
   page_->setObjectName("WebBrowser1");
   page_->setAccessibleName(tr("Help page"));
   page_->setOpenLinks(false);
+  page_->setPalette(PaperPalette());
   layout->addWidget(page_);
   const auto add = [&](const char* name, const QString& caption) {
     auto* button = new QPushButton(caption);

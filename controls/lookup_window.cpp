@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
+#include "controls/paper_palette.h"
+
 namespace {
 
 constexpr char kPath[] = "/cgi-bin/dict.pl?term=";
@@ -36,6 +38,7 @@ LookupForm::LookupForm(const QString& word, const QString& address,
   page_->setObjectName("WbDictionary");
   page_->setAccessibleName(tr("Meaning"));
   page_->setOpenLinks(false);
+  page_->setPalette(PaperPalette());
   page_->document()->setDefaultStyleSheet("a { text-decoration: none; }");
   connect(page_, &QTextBrowser::anchorClicked, this, &LookupForm::Follow);
   layout->addWidget(page_);

@@ -57,7 +57,7 @@ void ProgBar::paintEvent(QPaintEvent*) {
   const QRectF bar = QRectF(0, 0, barWidth_, height()) & QRectF(rect());
   painter.fillRect(bar, BarColor());
   painter.setPen(palette().color(QPalette::Mid));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
   // The caption is readable on the bar and beside it.
   const QRect text = rect().adjusted(5, 0, -5, 0);
   const auto write = [&](const QRectF& clip, QPalette::ColorRole role) {

@@ -6,7 +6,10 @@ namespace {
 
 constexpr int kLineWidth = 15;
 constexpr TextStyle kNumberStyle{6, false, true};
-constexpr TextStyle kLetterStyle{20, true, true};
+// As a letter of 20 points in Courier New at (85, 60) looks: the fonts that
+// stand for it have larger capitals, which would run into the clue number.
+constexpr TextStyle kLetterStyle{17.3, true, true};
+constexpr int kLetterLeft = 101, kLetterTop = 92;
 
 Box BoxOf(Pos cell) {
   const int left = (cell.col - 1) * CellSize + GridMargin;
@@ -32,7 +35,8 @@ void CanvasPicture::CellText(Pos cell, int number, char letter) {
   if (number > 0)
     canvas_.Text(x + 50, y + 40, std::to_string(number), kNumberStyle);
   if (letter != kEmptyCell && letter != kBlackSquare && letter != kNoCell)
-    canvas_.Text(x + 85, y + 60, std::string_view(&letter, 1), kLetterStyle);
+    canvas_.Text(x + kLetterLeft, y + kLetterTop, std::string_view(&letter, 1),
+                 kLetterStyle);
 }
 
 void DrawPuzzle(const State& state, Picture& picture, bool letters) {

@@ -15,5 +15,6 @@ test_packages=(
   poppler-utils xclip                    # looking at pages and pictures
   clang-14 libclang-rt-14-dev            # fuzz targets
   xvfb xauth openbox xdotool x11-utils   # the program from outside
+  imagemagick
   desktop-file-utils appstream           # checks of what is installed
 )

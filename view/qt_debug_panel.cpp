@@ -41,7 +41,7 @@ void DebugListModel::Refresh() {
 DebugPanel::DebugPanel(App& app, CommandBinding& binding, QWidget* parent)
     : QWidget(parent), lists_(app) {
   setObjectName("DedugFrames");
-  setMinimumWidth(240);
+  setFixedWidth(245);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(2);

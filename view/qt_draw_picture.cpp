@@ -104,6 +104,20 @@ void PictureImage::PrepareFonts() {
   numbers_.font.setPointSizeF(6);
   letters_.font.setPointSizeF(20);
   letters_.font.setBold(true);
+  // The fonts that stand for Courier New have larger capitals, which would
+  // run into the clue number and over the edge of the cell.  They are drawn
+  // as high as Courier New's, about the same middle, and a little higher up,
+  // for the tail of the Q.
+  constexpr int kRaised = 13;         // twips
+  constexpr double kCapital = 0.571;  // of the font size
+  const QFontMetricsF full(letters_.font, &Image());
+  const double size = 20 * kDotsPerInch / 72 * Scale();
+  letters_.font.setPointSizeF(
+      20 * std::min(1.0, kCapital * size / full.capHeight()));
+  const QFontMetricsF drawn(letters_.font, &Image());
+  letterShift_ = {
+      qRound((full.horizontalAdvance('M') - drawn.horizontalAdvance('M')) / 2),
+      qRound(full.ascent() - drawn.ascent()) - Pixel(kRaised)};
   numbers_.images.fill({});
   letters_.images.fill({});
 }
@@ -140,8 +154,9 @@ void PictureImage::DrawTexts(QPainter& painter, Pos p, const CellPaint& cell) {
       draw(numbers_, digit, left, Pixel(LeftOf(p.row) + 40));
   }
   if (IsLetter(cell.letter)) {
-    int left = Pixel(LeftOf(p.col) + 85);
-    draw(letters_, cell.letter, left, Pixel(LeftOf(p.row) + 60));
+    int left = Pixel(LeftOf(p.col) + 85) + letterShift_.x();
+    draw(letters_, cell.letter, left,
+         Pixel(LeftOf(p.row) + 60) + letterShift_.y());
   }
 }
 

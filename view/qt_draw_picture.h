@@ -100,6 +100,7 @@ class PictureImage : public GridImage {
   };
 
   Glyphs numbers_, letters_;
+  QPoint letterShift_;
 };
 
 // The picture of the overview: a "+" for each letter.

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "tests/window_desk.h"
+#include "tests/qt_window_desk.h"
 #include "view/unsaved.h"
 
 namespace {

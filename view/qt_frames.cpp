@@ -95,7 +95,7 @@ void Gauge::paintEvent(QPaintEvent*) {
   painter.fillRect(1, 1, std::min(barWidth_, kGaugeTrack), height() - 2,
                    QColor::fromHsv(hue, 170, 200));
   painter.setPen(palette().color(QPalette::Mid));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 // Frames4

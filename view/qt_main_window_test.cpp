@@ -4,7 +4,7 @@
 #include <QMenu>
 
 #include "files/puzzle_file.h"
-#include "tests/window_desk.h"
+#include "tests/qt_window_desk.h"
 
 namespace {
 
@@ -209,8 +209,11 @@ TEST(MainWindow, ClosingStopsTheTaskFirst) {
 
 TEST(MainWindow, DebugPanelUnlocksOnceAndShowsLists) {
   WindowDesk desk;
-  const auto f1 = [&] { QTest::keyClick(desk.window.get(), Qt::Key_F1); };
-  desk.window->activateWindow();
+  const auto f1 = [&] {
+    desk.window->activateWindow();
+    (void)QTest::qWaitForWindowActive(desk.window.get());
+    QTest::keyClick(desk.window.get(), Qt::Key_F1);
+  };
   desk.answers = {"=wrong", "=508tavel"};
   f1();
   EXPECT_FALSE(desk.app.state.DebugMode);

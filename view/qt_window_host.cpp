@@ -30,6 +30,7 @@ int WindowHost::Box(std::string_view text, QMessageBox::StandardButtons buttons,
   box.setText(Lines(text));
   box.setStandardButtons(buttons);
   box.setEscapeButton(onEscape);
+  if (buttons & QMessageBox::Save) box.setDefaultButton(QMessageBox::Save);
   const int answer = box.exec();
   sincePoll_.restart();
   return answer;

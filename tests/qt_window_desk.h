@@ -77,10 +77,7 @@ class WindowDesk {
  private:
   void Answer() {
     auto* shown = QApplication::activeModalWidget();
-    if (!shown || shown == last_) {
-      if (!shown) last_ = nullptr;
-      return;
-    }
+    if (!shown) return;
     std::string answer = "default";
     if (!answers.empty()) {
       answer = answers.front();
@@ -108,7 +105,6 @@ class WindowDesk {
   }
 
   QTimer answering_;
-  QWidget* last_ = nullptr;
 
  public:
   std::function<void(QDialog*)> onDialog;
