@@ -37,7 +37,7 @@ Rows ReadGrid(const std::string& name) {
 RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
   std::mt19937 random(seed);
   int letters = 2 + random() % 4;
-  auto words = RandomWords(random, 5 + random() % 120, letters);
+  auto words = RandomWords(random, 5 + random() % 60, letters);
   Rows rows = RandomGrid(random, letters);
   Options options;
   options.seed = seed;

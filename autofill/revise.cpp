@@ -131,6 +131,7 @@ void Store::Commit(int entry, int word) {
   sets_[entry].committed = word;
   usedBy_[tables_[entry]->length][word] = static_cast<int16_t>(entry);
   commits_.push_back(entry);
+  ++commitChanges_;
   for (int other = 0; other < board_.EntryCount(); ++other) {
     if (Done(other)) continue;
     if (tables_[other] == tables_[entry]) DropUsed(other, word);
@@ -166,34 +167,64 @@ void Store::DropUsed(int entry, int word) {
 int Store::DropSharers(int entry) {
   WordSet& set = sets_[entry];
   const LengthTable& table = *tables_[entry];
+  if (table.length < limits_.shared) return set.size;
+  IndexRuns();
   int* list = &lists_[set.list];
   int size = set.size;
   for (int i = 0; i < size;) {
-    if (SharerOf(table.Letters(list[i]), table.length, entry) < 0) {
-      ++i;
-    } else {
+    if (SharesRun(table.Letters(list[i]), table.length)) {
       std::swap(list[i], list[--size]);
+    } else {
+      ++i;
     }
   }
   return size;
 }
 
-int Store::SharerOf(const uint8_t* word, int length, int but) const {
-  int shared = limits_.shared;
+// A run's key; runs of up to twelve letters have different ones.
+uint64_t Store::KeyOfRun(const uint8_t* run) const {
+  uint64_t key = 1;
+  for (int k = 0; k < limits_.shared; ++k) {
+    key = limits_.shared <= 12 ? key << 5 | run[k]
+                               : (key ^ run[k]) * 0x9e3779b97f4a7c15;
+  }
+  return key | uint64_t{1} << 63;
+}
+
+size_t Store::PlaceOfRun(uint64_t key) const {
+  size_t mask = runs_.size() - 1;
+  size_t place = (key * 0x9e3779b97f4a7c15) >> 32 & mask;
+  while (runs_[place] && runs_[place] != key) place = (place + 1) & mask;
+  return place;
+}
+
+// The runs of the entries in use, unless they are known already.
+void Store::IndexRuns() {
+  if (runsOf_ == commitChanges_) return;
+  runsOf_ = commitChanges_;
+  std::fill(runs_.begin(), runs_.end(), 0);
+  uint8_t text[kLongestWord];
   for (int e = 0; e < board_.EntryCount(); ++e) {
-    if (e == but || !Done(e)) continue;
-    int first = board_.Entries()[e].first;
-    for (int a = 0; a + shared <= length; ++a) {
-      for (int b = 0; b + shared <= board_.Entries()[e].length; ++b) {
-        int k = 0;
-        while (k < shared && letters_[first + b + k] == 1u << word[a + k]) {
-          ++k;
-        }
-        if (k == shared) return e;
-      }
+    if (!Done(e)) continue;
+    int length = board_.Entries()[e].length;
+    bool complete = true;
+    for (int k = 0; k < length && complete; ++k) {
+      uint32_t letter = letters_[board_.Entries()[e].first + k];
+      complete = std::has_single_bit(letter);
+      text[k] = static_cast<uint8_t>(std::countr_zero(letter));
+    }
+    for (int i = 0; complete && i + limits_.shared <= length; ++i) {
+      uint64_t key = KeyOfRun(text + i);
+      runs_[PlaceOfRun(key)] = key;
     }
   }
-  return -1;
+}
+
+bool Store::SharesRun(const uint8_t* word, int length) const {
+  for (int i = 0; i + limits_.shared <= length; ++i) {
+    if (runs_[PlaceOfRun(KeyOfRun(word + i))]) return true;
+  }
+  return false;
 }
 
 }  // namespace autofill

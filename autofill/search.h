@@ -35,6 +35,8 @@ class Search {
     int differ = 0;
   };
   Search(const Board& board, const WordList& words, const Settings& settings);
+  Search(const Search&) = delete;
+  Search& operator=(const Search&) = delete;
 
   // Goes on until it is decided, `work` more units are done (Paused) or
   // `stop` says so; stop is asked about every 100 microseconds.

@@ -57,6 +57,7 @@ void Store::Allocate() {
   rootBits_ = bits_;
   savedBits_.resize(std::max<int64_t>(bits * 4, 1 << 12));
   lists_.resize(static_cast<size_t>(entries) * kListSize);
+  if (limits_.shared) runs_.resize(std::bit_ceil(2 * letters_.size() + 1));
   queue_.reserve(entries);
   commits_.reserve(entries);
   saved_.reserve(static_cast<size_t>(entries) * 16);
@@ -125,6 +126,7 @@ void Store::BackTo(int level) {
     WordSet& set = sets_[commits_.back()];
     usedBy_[tables_[commits_.back()]->length][set.committed] = -1;
     set.committed = -1;
+    ++commitChanges_;
   }
   for (; static_cast<int>(saved_.size()) > to.saved; saved_.pop_back()) {
     const Saved& saved = saved_.back();

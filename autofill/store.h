@@ -95,10 +95,6 @@ class Store {
 
   const Board& GetBoard() const { return board_; }
   int Shared() const { return limits_.shared; }
-  // Whether a word has a run of Shared() letters that is in use; -1 for no,
-  // else the entry that has it.
-  int SharerOf(const uint8_t* word, int length, int but) const;
-
   int64_t revisions = 0;
 
  private:
@@ -136,6 +132,10 @@ class Store {
   void ReadBits(int entry);
   void MakeList(int entry);
   int DropSharers(int entry);
+  uint64_t KeyOfRun(const uint8_t* run) const;
+  size_t PlaceOfRun(uint64_t key) const;
+  void IndexRuns();
+  bool SharesRun(const uint8_t* word, int length) const;
   void WriteLetters(int entry, const uint32_t* united);
   void Commit(int entry, int word);
   void DropUsed(int entry, int word);
@@ -155,6 +155,8 @@ class Store {
   std::vector<int> residues_;                 // by position and letter
   std::vector<std::vector<int16_t>> usedBy_;  // by length and word
   std::vector<int> queue_, commits_;
+  std::vector<uint64_t> runs_;  // open addressing, half empty
+  int64_t commitChanges_ = 0, runsOf_ = -1;
   std::vector<Saved> saved_;
   std::vector<LevelStart> levels_;
   int64_t nextStamp_ = 0;

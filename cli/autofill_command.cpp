@@ -166,7 +166,7 @@ void PrintFills(const Report& report) {
 int RunPuzzle(const Arguments& arguments, const std::string& name,
               const autofill::WordList& words) {
   try {
-    const Puzzle puzzle = ReadPuzzle(InputPath(name));
+    const Puzzle puzzle = ReadPuzzle(name);
     const Report report = Run(arguments, RowsOf(puzzle), words);
     std::ostream& out = arguments.out == "-" ? std::cerr : std::cout;
     if (arguments.json)

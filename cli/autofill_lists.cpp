@@ -57,7 +57,7 @@ autofill::WordList LoadLists(const std::vector<std::string>& lists) {
         list.name.size() == 1 && list.name >= "1" && list.name <= "3";
     const std::string path =
         isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1'])
-                : InputPath(list.name);
+                : list.name;
     const autofill::LoadReport report =
         autofill::ReadList(path, list.minimum, number++, builder);
     if (!isLevel) std::cerr << report.Text() << "\n";

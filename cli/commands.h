@@ -26,6 +26,5 @@ void AddWordsCommand(CLI::App& app, int& status);
 void AddUnpackCommand(CLI::App& app, int& status);
 void AddAutofillCommand(CLI::App& app, int& status);
 void AddSuggestCommand(CLI::App& app, int& status);
-// In builds that can draw.
 void AddSheetCommand(CLI::App& app, int& status);
 void AddPictureCommand(CLI::App& app, int& status);

@@ -29,10 +29,8 @@ int Run(int argc, char** argv) {
   AddUnpackCommand(app, status);
   AddAutofillCommand(app, status);
   AddSuggestCommand(app, status);
-#ifdef KELDA_DRAWS
   AddSheetCommand(app, status);
   AddPictureCommand(app, status);
-#endif
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

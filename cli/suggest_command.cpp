@@ -19,7 +19,7 @@ struct Arguments {
 };
 
 int RunSuggest(const Arguments& arguments) {
-  const Puzzle puzzle = ReadPuzzle(InputPath(arguments.puzzle));
+  const Puzzle puzzle = ReadPuzzle(arguments.puzzle);
   const autofill::WordList words = LoadLists(arguments.lists);
   autofill::Suggestions found;
   try {
