@@ -8,7 +8,7 @@
 #include <QMenu>
 
 #include "tests/paper_fakes.h"
-#include "tests/window_desk.h"
+#include "tests/qt_window_desk.h"
 #include "view/qt_clipboard.h"
 #include "view/qt_publisher.h"
 
