@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -21,8 +22,9 @@ class TemporaryFile {
   const std::string& Path() const { return path_; }
 
  private:
-  std::string path_ =
-      testing::TempDir() + "list" + std::to_string(counter_++) + ".txt";
+  std::string path_ = testing::TempDir() + "kelda-list" +
+                      std::to_string(getpid()) + "-" +
+                      std::to_string(counter_++) + ".txt";
   inline static int counter_ = 0;
 };
 

@@ -151,7 +151,7 @@ def look_up():
     run("xdotool", "key", "alt+d")
     # Tab from the size box to the word box would pass the options.
     keys("alt+s")
-    keys(*["Tab"] * 4)
+    keys(*["Tab"] * 5)
     type_text("mice")
     keys("alt+m")
     window("^mice$")
