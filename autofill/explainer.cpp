@@ -6,6 +6,7 @@
 namespace autofill {
 
 constexpr int kWordsToRead = 256;
+constexpr int kFewLetters = 6;
 
 Explainer::Explainer(const Store& store) : store_(store) {
   size_t blocks = 0, words = kListSize;
@@ -24,13 +25,18 @@ void Explainer::Explain(const Question& question,
                         std::vector<Literal>& literals) {
   table_ = &store_.TableOf(question.entry);
   first_ = store_.GetBoard().Entries()[question.entry].first;
-  std::fill_n(killed_, table_->length, 0);
+  std::fill_n(killed_, table_->lanes, 0);
+  for (int p = 0; p < table_->length; ++p) {
+    if (first_ + p == question.position) continue;
+    killed_[p] = question.known[store_.GetBoard().CellOf(first_ + p)];
+  }
   FindFixed(question);
   Store::RootSet root = store_.RootOf(question.entry);
   if (root.list) {
     StartList(question);
   } else {
     StartBits(question);
+    UseKnown();
   }
   AddFixed();
   AddKillers(question, literals);
@@ -64,27 +70,44 @@ void Explainer::StartBits(const Question& question) {
     size_ = Size(root, table_->blocks);
     return;
   }
-  const uint64_t* bitsets[kLetters];
-  int count = 0;
-  for (uint32_t rest = question.letters; rest; rest &= rest - 1) {
-    bitsets[count++] =
-        table_->Support(question.position - first_, std::countr_zero(rest));
-  }
   std::copy_n(root, table_->blocks, bits_.begin());
-  size_ = KeepUnion(bits_.data(), bitsets, count, table_->blocks);
+  Keep(question.position - first_, question.letters);
 }
 
 void Explainer::StartList(const Question& question) {
   Store::RootSet root = store_.RootOf(question.entry);
-  list_.clear();
-  for (int i = 0; i < root.size; ++i) {
-    if (question.position < 0 ||
-        (table_->Row(root.list[i])[question.position - first_] &
-         question.letters)) {
-      list_.push_back(root.list[i]);
-    }
-  }
+  list_.resize(root.size);
+  list_.resize(CollectAlive(root.list, root.size, table_->rows.data(),
+                            table_->lanes, killed_, list_.data()));
   size_ = -1;
+  if (question.position < 0) return;
+  int p = question.position - first_;
+  std::erase_if(list_, [&](int word) {
+    return !(table_->Row(word)[p] & question.letters);
+  });
+}
+
+// As long as the words are many only the positions that leave few letters
+// are worth a pass; the others count when the words are read.
+void Explainer::UseKnown() {
+  for (int p = 0; p < table_->length; ++p) {
+    uint32_t kept = kAllLetters & ~killed_[p];
+    if (size_ <= kWordsToRead || std::popcount(kept) > kFewLetters) continue;
+    Keep(p, kept);
+  }
+}
+
+// Leaves the words that have one of the letters at a position.
+void Explainer::Keep(int p, uint32_t letters) {
+  bool keep = std::popcount(letters) <= kLetters / 2;
+  uint32_t rest = keep ? letters : kAllLetters & ~letters;
+  const uint64_t* bitsets[kLetters];
+  int count = 0;
+  for (; rest; rest &= rest - 1) {
+    bitsets[count++] = table_->Support(p, std::countr_zero(rest));
+  }
+  size_ = (keep ? KeepUnion : DropUnion)(bits_.data(), bitsets, count,
+                                         table_->blocks);
 }
 
 // Before the words are few, all letters that the fixed cell lacks count;
@@ -114,11 +137,9 @@ void Explainer::AddFixed() {
 }
 
 void Explainer::ReadWords() {
-  for (int b = 0; b < table_->blocks; ++b) {
-    for (uint64_t block = bits_[b]; block; block &= block - 1) {
-      list_.push_back(b * 64 + std::countr_zero(block));
-    }
-  }
+  list_.resize(size_);
+  list_.resize(CollectAlive(bits_.data(), table_->blocks, table_->rows.data(),
+                            table_->lanes, killed_, list_.data()));
 }
 
 // Each word that is left: by its letter that went first.

@@ -21,6 +21,9 @@ struct Question {
   int position;  // in the board's numbering
   uint32_t letters;
   int event;
+  // By cell, letters that are known to be gone before the event and cost
+  // nothing: the nogood in the making has them.
+  const uint32_t* known;
 };
 
 class Explainer {
@@ -33,6 +36,8 @@ class Explainer {
     int event, offset, letter;
   };
 
+  void UseKnown();
+  void Keep(int p, uint32_t letters);
   void FindFixed(const Question& question);
   void ReadWords();
   void StartBits(const Question& question);
@@ -50,7 +55,7 @@ class Explainer {
   int size_ = 0;
   const LengthTable* table_ = nullptr;
   int first_ = 0;
-  uint32_t killed_[kLongestWord];  // letters that chosen literals rule out
+  uint32_t killed_[(kLongestWord + 3) / 4 * 4];  // letters that chosen literals rule out
 };
 
 }  // namespace autofill

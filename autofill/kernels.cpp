@@ -62,7 +62,77 @@ template <int kVectors>
   return kept;
 }
 
+// Calls `each` with the numbers of the words.
+template <typename Each>
+[[gnu::always_inline]] inline void ForEach(const uint64_t* set, int blocks,
+                                           Each each) {
+  for (int b = 0; b < blocks; ++b) {
+    for (uint64_t block = set[b]; block; block &= block - 1) {
+      each(b * 64 + std::countr_zero(block));
+    }
+  }
+}
+
+template <typename Each>
+[[gnu::always_inline]] inline void ForEach(const int* list, int count,
+                                           Each each) {
+  for (int i = 0; i < count; ++i) each(list[i]);
+}
+
+template <int kVectors, typename Set>
+[[gnu::always_inline]] inline int Collect(const Set* set, int size,
+                                          const uint32_t* rows, int lanes,
+                                          const uint32_t* dead, int* out) {
+  int vectors = kVectors ? kVectors : lanes / 4, alive = 0;
+  Vector gone[kVectors ? kVectors : 13];
+  for (int v = 0; v < vectors; ++v) {
+    __builtin_memcpy(&gone[v], dead + 4 * v, sizeof gone[v]);
+  }
+  ForEach(set, size, [&] [[gnu::always_inline]] (int word) {
+    const uint32_t* row = rows + static_cast<int64_t>(word) * lanes;
+    Vector met = {};
+    for (int v = 0; v < vectors; ++v) {
+      Vector letters;
+      __builtin_memcpy(&letters, row + 4 * v, sizeof letters);
+      met |= letters & gone[v];
+    }
+    out[alive] = word;
+    alive += !(met[0] | met[1] | met[2] | met[3]);
+  });
+  return alive;
+}
+
+template <typename Set>
+[[gnu::always_inline]] inline int CollectByLanes(const Set* set, int size,
+                                                 const uint32_t* rows,
+                                                 int lanes,
+                                                 const uint32_t* dead,
+                                                 int* out) {
+  switch (lanes) {
+    case 4:
+      return Collect<1>(set, size, rows, lanes, dead, out);
+    case 8:
+      return Collect<2>(set, size, rows, lanes, dead, out);
+    case 12:
+      return Collect<3>(set, size, rows, lanes, dead, out);
+    default:
+      return Collect<0>(set, size, rows, lanes, dead, out);
+  }
+}
+
 }  // namespace
+
+KELDA_CLONES
+int CollectAlive(const uint64_t* set, int blocks, const uint32_t* rows,
+                 int lanes, const uint32_t* dead, int* out) {
+  return CollectByLanes(set, blocks, rows, lanes, dead, out);
+}
+
+KELDA_CLONES
+int CollectAlive(const int* list, int count, const uint32_t* rows, int lanes,
+                 const uint32_t* dead, int* out) {
+  return CollectByLanes(list, count, rows, lanes, dead, out);
+}
 
 KELDA_CLONES
 int KeepUnion(uint64_t* set, const uint64_t* const* bitsets, int count,

@@ -37,4 +37,11 @@ struct RowFilter {
 // stay.  Returns how many stay.
 int FilterList(const RowFilter& filter, int* list, int count, uint32_t* united);
 
+// Appends to `out` the words of a bitset, or of list[0..count), of whose rows
+// no letter is in `dead` (`lanes` long).  Returns how many.
+int CollectAlive(const uint64_t* set, int blocks, const uint32_t* rows,
+                 int lanes, const uint32_t* dead, int* out);
+int CollectAlive(const int* list, int count, const uint32_t* rows, int lanes,
+                 const uint32_t* dead, int* out);
+
 }  // namespace autofill

@@ -27,7 +27,7 @@ void Search::ExplainConflict() {
   if (failedEntry_ >= 0) {
     chooser_.Bump(failedEntry_);
     int now = static_cast<int>(store_.Events().size());
-    explainer_.Explain({failedEntry_, -1, 0, now}, literals_);
+    explainer_.Explain({failedEntry_, -1, 0, now, marked_.data()}, literals_);
   } else if (failedFill_ >= 0) {
     ExplainLikeness();
   } else {
@@ -69,15 +69,16 @@ bool Search::FindLevel() {
 
 void Search::Mark(Literal literal) {
   int cell = literal.cell;
-  uint32_t rest = literal.lost & ~(lost_[cell] | learntLost_[cell]);
+  uint32_t rest = literal.lost & ~marked_[cell];
   for (; rest; rest &= rest - 1) {
     int event = store_.GoneAt(cell, std::countr_zero(rest));
     uint32_t bit = rest & -rest;
+    if (event < store_.FirstEventOf(1)) continue;
+    marked_[cell] |= bit;
     if (event >= start_) {
-      lost_[cell] |= bit;
       outstanding_ += !pending_[event];
       pending_[event] = 1;
-    } else if (event >= store_.FirstEventOf(1)) {
+    } else {
       if (!learntLost_[cell]) learntCells_.push_back(cell);
       learntLost_[cell] |= bit;
     }
@@ -92,12 +93,12 @@ Literal Search::ResolveEvents() {
     if (!pending_[i]) continue;
     const Event& event = store_.Events()[i];
     uint32_t gone = event.before & ~event.after;
-    uint32_t lost = lost_[event.cell] & gone;
-    lost_[event.cell] &= ~gone;
+    uint32_t lost = marked_[event.cell] & gone;
+    marked_[event.cell] &= ~gone;
     pending_[i] = 0;
     if (--outstanding_ == 0) {
       lost |= learntLost_[event.cell];
-      learntLost_[event.cell] = 0;
+      learntLost_[event.cell] = marked_[event.cell] = 0;
       return {event.cell, lost};
     }
     Expand(i, lost);
@@ -122,7 +123,7 @@ void Search::Expand(int i, uint32_t lost) {
   }
   chooser_.Bump(event.reason);
   literals_.clear();
-  explainer_.Explain({event.reason, position, lost, i}, literals_);
+  explainer_.Explain({event.reason, position, lost, i, marked_.data()}, literals_);
   for (Literal literal : literals_) Mark(literal);
 }
 
@@ -130,7 +131,7 @@ void Search::Assert(Literal denied) {
   learnt_.clear();
   for (int cell : learntCells_) {
     if (learntLost_[cell]) learnt_.push_back({cell, learntLost_[cell]});
-    learntLost_[cell] = 0;
+    learntLost_[cell] = marked_[cell] = 0;
   }
   learntCells_.clear();
   std::sort(learnt_.begin(), learnt_.end(), [&](Literal a, Literal b) {

@@ -16,7 +16,7 @@ Search::Search(const Board& board, const WordList& words,
       nogoods_(board.CellCount(), kNogoodMemory),
       explainer_(store_),
       chooser_(store_, settings.seed, settings_.earlier),
-      lost_(board.CellCount()),
+      marked_(board.CellCount()),
       learntLost_(board.CellCount()),
       pending_(static_cast<size_t>(board.CellCount()) * kLetters) {
   nextRestart_ = kRestartUnit;

@@ -89,7 +89,7 @@ class Search {
   // The conflict being resolved.
   int level_ = 0, start_ = 0, outstanding_ = 0;
   std::vector<Literal> literals_, learnt_;
-  std::vector<uint32_t> lost_, learntLost_;  // by cell
+  std::vector<uint32_t> marked_, learntLost_;  // by cell
   std::vector<int> learntCells_;
   std::vector<char> pending_;  // by event
 };
