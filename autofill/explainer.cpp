@@ -19,6 +19,7 @@ Explainer::Explainer(const Store& store) : store_(store) {
   scratch_.resize(blocks);
   list_.resize(words);
   fixed_.reserve(kLongestWord);
+  bitsets_.reserve(kLongestWord * kLetters);
 }
 
 void Explainer::Explain(const Question& question,
@@ -27,7 +28,6 @@ void Explainer::Explain(const Question& question,
   first_ = store_.GetBoard().Entries()[question.entry].first;
   std::fill_n(killed_, table_->lanes, 0);
   for (int p = 0; p < table_->length; ++p) {
-    if (first_ + p == question.position) continue;
     killed_[p] = question.known[store_.GetBoard().CellOf(first_ + p)];
   }
   FindFixed(question);
@@ -63,15 +63,15 @@ void Explainer::FindFixed(const Question& question) {
 }
 
 void Explainer::StartBits(const Question& question) {
-  const uint64_t* root = store_.RootOf(question.entry).bits;
   list_.clear();
-  if (question.position < 0) {
-    std::copy_n(root, table_->blocks, bits_.begin());
-    size_ = Size(root, table_->blocks);
+  std::copy_n(store_.RootOf(question.entry).bits, table_->blocks,
+              bits_.begin());
+  if (!question.asked) {
+    size_ = Size(bits_.data(), table_->blocks);
     return;
   }
-  std::copy_n(root, table_->blocks, bits_.begin());
-  Keep(question.position - first_, question.letters);
+  for (int p = 0; p < table_->length; ++p) AddSupports(p, question.asked[p]);
+  Keep();
 }
 
 void Explainer::StartList(const Question& question) {
@@ -80,11 +80,27 @@ void Explainer::StartList(const Question& question) {
   list_.resize(CollectAlive(root.list, root.size, table_->rows.data(),
                             table_->lanes, killed_, list_.data()));
   size_ = -1;
-  if (question.position < 0) return;
-  int p = question.position - first_;
+  if (!question.asked) return;
   std::erase_if(list_, [&](int word) {
-    return !(table_->Row(word)[p] & question.letters);
+    uint32_t asked = 0;
+    for (int p = 0; p < table_->length; ++p) {
+      asked |= table_->Row(word)[p] & question.asked[p];
+    }
+    return !asked;
   });
+}
+
+void Explainer::AddSupports(int p, uint32_t letters) {
+  for (; letters; letters &= letters - 1) {
+    bitsets_.push_back(table_->Support(p, std::countr_zero(letters)));
+  }
+}
+
+// Leaves the words that have one of the letters added.
+void Explainer::Keep() {
+  size_ = KeepUnion(bits_.data(), bitsets_.data(),
+                    static_cast<int>(bitsets_.size()), table_->blocks);
+  bitsets_.clear();
 }
 
 // As long as the words are many only the positions that leave few letters
@@ -93,21 +109,9 @@ void Explainer::UseKnown() {
   for (int p = 0; p < table_->length; ++p) {
     uint32_t kept = kAllLetters & ~killed_[p];
     if (size_ <= kWordsToRead || std::popcount(kept) > kFewLetters) continue;
-    Keep(p, kept);
+    AddSupports(p, kept);
+    Keep();
   }
-}
-
-// Leaves the words that have one of the letters at a position.
-void Explainer::Keep(int p, uint32_t letters) {
-  bool keep = std::popcount(letters) <= kLetters / 2;
-  uint32_t rest = keep ? letters : kAllLetters & ~letters;
-  const uint64_t* bitsets[kLetters];
-  int count = 0;
-  for (; rest; rest &= rest - 1) {
-    bitsets[count++] = table_->Support(p, std::countr_zero(rest));
-  }
-  size_ = (keep ? KeepUnion : DropUnion)(bits_.data(), bitsets, count,
-                                         table_->blocks);
 }
 
 // Before the words are few, all letters that the fixed cell lacks count;

@@ -13,15 +13,14 @@
 
 namespace autofill {
 
-// Why are, of the words of `entry`, all those dead that have one of
-// `letters` at `position` (or simply all, when the position is -1), from
-// literals that held before `event`?
+// Why are, of the words of `entry`, all those dead that have one of the
+// asked letters, from literals that held before `event`?
 struct Question {
   int entry;
-  int position;  // in the board's numbering
-  uint32_t letters;
   int event;
-  // By cell, letters that are known to be gone before the event and cost
+  // Letter sets by place in the entry; null asks about all words.
+  const uint32_t* asked;
+  // Letter sets by cell that are known to be gone before the event and cost
   // nothing: the nogood in the making has them.
   const uint32_t* known;
 };
@@ -37,7 +36,8 @@ class Explainer {
   };
 
   void UseKnown();
-  void Keep(int p, uint32_t letters);
+  void AddSupports(int p, uint32_t letters);
+  void Keep();
   void FindFixed(const Question& question);
   void ReadWords();
   void StartBits(const Question& question);
@@ -50,6 +50,7 @@ class Explainer {
 
   const Store& store_;
   std::vector<Fixed> fixed_;
+  std::vector<const uint64_t*> bitsets_;
   std::vector<uint64_t> bits_, scratch_;
   std::vector<int> list_;
   int size_ = 0;

@@ -27,7 +27,7 @@ void Search::ExplainConflict() {
   if (failedEntry_ >= 0) {
     chooser_.Bump(failedEntry_);
     int now = static_cast<int>(store_.Events().size());
-    explainer_.Explain({failedEntry_, -1, 0, now, marked_.data()}, literals_);
+    explainer_.Explain({failedEntry_, now, nullptr, marked_.data()}, literals_);
   } else if (failedFill_ >= 0) {
     ExplainLikeness();
   } else {
@@ -92,39 +92,60 @@ Literal Search::ResolveEvents() {
     assert(i >= start_);
     if (!pending_[i]) continue;
     const Event& event = store_.Events()[i];
-    uint32_t gone = event.before & ~event.after;
-    uint32_t lost = marked_[event.cell] & gone;
-    marked_[event.cell] &= ~gone;
-    pending_[i] = 0;
-    if (--outstanding_ == 0) {
-      lost |= learntLost_[event.cell];
+    if (outstanding_ == 1) {
+      uint32_t lost = Unmark(i) | learntLost_[event.cell];
       learntLost_[event.cell] = marked_[event.cell] = 0;
       return {event.cell, lost};
     }
-    Expand(i, lost);
+    if (event.reason >= kNogood) {
+      ExpandNogood(i);
+    } else {
+      i = ExpandRevision(i);
+    }
   }
 }
 
-void Search::Expand(int i, uint32_t lost) {
+// Takes the letters that the event removed out of the conflict.
+uint32_t Search::Unmark(int i) {
   const Event& event = store_.Events()[i];
-  if (event.reason >= kNogood) {
-    int ref = event.reason - kNogood;
-    for (int k = 0; k < nogoods_.SizeOf(ref); ++k) {
-      Literal literal = nogoods_.At(ref, k);
-      if (literal.cell != event.cell) Mark(literal);
-    }
-    return;
+  uint32_t lost = marked_[event.cell] & event.before & ~event.after;
+  marked_[event.cell] &= ~lost;
+  pending_[i] = 0;
+  --outstanding_;
+  return lost;
+}
+
+void Search::ExpandNogood(int i) {
+  const Event& event = store_.Events()[i];
+  Unmark(i);
+  int ref = event.reason - kNogood;
+  for (int k = 0; k < nogoods_.SizeOf(ref); ++k) {
+    Literal literal = nogoods_.At(ref, k);
+    if (literal.cell != event.cell) Mark(literal);
   }
-  assert(event.reason >= 0);
-  const Cell& cell = store_.GetBoard().Cells()[event.cell];
-  int position = cell.positions[0];
-  if (position < 0 || store_.GetBoard().EntryOf(position) != event.reason) {
-    position = cell.positions[1];
+}
+
+// One question about all that the revision narrowed, whose last event this
+// is.  Returns the first.
+int Search::ExpandRevision(int last) {
+  const std::vector<Event>& events = store_.Events();
+  const Board& board = store_.GetBoard();
+  int entry = events[last].reason, revision = events[last].revision;
+  assert(entry >= 0);
+  uint32_t asked[kLongestWord] = {};
+  int i = last;
+  for (; i >= start_; --i) {
+    if (events[i].reason != entry || events[i].revision != revision) break;
+    if (!pending_[i]) continue;
+    const Cell& cell = board.Cells()[events[i].cell];
+    int position = cell.positions[board.Entries()[entry].across ? 0 : 1];
+    asked[position - board.Entries()[entry].first] = Unmark(i);
   }
-  chooser_.Bump(event.reason);
+  chooser_.Bump(entry);
   literals_.clear();
-  explainer_.Explain({event.reason, position, lost, i, marked_.data()}, literals_);
+  explainer_.Explain({entry, i + 1, asked, marked_.data()}, literals_);
   for (Literal literal : literals_) Mark(literal);
+  return i + 1;
 }
 
 void Search::Assert(Literal denied) {

@@ -68,7 +68,9 @@ class Search {
   bool FindLevel();
   void Resolve();
   Literal ResolveEvents();
-  void Expand(int event, uint32_t lost);
+  uint32_t Unmark(int event);
+  void ExpandNogood(int event);
+  int ExpandRevision(int last);
   void Mark(Literal literal);
   void Assert(Literal denied);
   bool RestartDue() const;

@@ -170,7 +170,8 @@ void Store::Narrow(int cell, uint32_t letters, int reason) {
   assert(letters);
   if (letters == before) return;
   int now = static_cast<int>(events_.size());
-  events_.push_back({cell, before, letters, reason});
+  events_.push_back(
+      {cell, before, letters, reason, static_cast<int>(revisions)});
   for (uint32_t gone = before & ~letters; gone; gone &= gone - 1) {
     gone_[cell * 32 + std::countr_zero(gone)] = now;
   }

@@ -33,6 +33,7 @@ struct Event {
   int cell;
   uint32_t before, after;  // letter sets
   int reason;
+  int revision;  // what one revision of an entry narrows has one number
 };
 
 struct Limits {
