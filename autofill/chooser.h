@@ -26,7 +26,7 @@ class Chooser {
   // The next letter to try; false when every entry is done.
   bool Next(Literal& literal);
   void Bump(int entry);
-  void Decay() { increment_ *= 1 / 0.95; }
+  void Decay() { increment_ *= 1 / 0.9; }
   // Remembers the words of the finished entries.
   void KeepWords();
   double Weight(int entry) const { return weights_[entry]; }
