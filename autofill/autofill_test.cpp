@@ -4,35 +4,13 @@
 #include <rapidcheck/gtest.h>
 
 #include <chrono>
-#include <fstream>
 #include <thread>
 
 #include "autofill/check_fill.h"
-#include "autofill/read_list.h"
 #include "autofill/testing.h"
 
 namespace autofill {
 namespace {
-
-WordList Level(int level) {
-  WordListBuilder builder;
-  ReadList(std::string(KELDA_BINARY_DIR) + "/L" + std::to_string(level) +
-               "Ascii.txt",
-           0, 0, builder);
-  return builder.Build();
-}
-
-const WordList& Level2() {
-  static const WordList list = Level(2);
-  return list;
-}
-
-Rows ReadGrid(const std::string& name) {
-  std::ifstream file(KELDA_SOURCE_DIR "/bench/grids/" + name);
-  Rows rows;
-  for (std::string row; std::getline(file, row);) rows.push_back(row);
-  return rows;
-}
 
 RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
   std::mt19937 random(seed);

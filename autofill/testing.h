@@ -1,14 +1,16 @@
-// What several tests of the engine need: small lists, random grids, and a
-// plain fill by exhaustive search to compare with.
+// What several tests of the engine need: lists, grids, and a plain fill by
+// exhaustive search to compare with.
 
 #pragma once
 
+#include <fstream>
 #include <random>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "autofill/autofill.h"
+#include "autofill/read_list.h"
 
 namespace autofill {
 
@@ -16,6 +18,27 @@ inline WordList ListOf(const std::vector<std::string>& words) {
   WordListBuilder builder;
   for (const std::string& word : words) builder.Add(word, kPlainScore, 0);
   return builder.Build();
+}
+
+// The words of a level, and a grid of bench/grids.
+inline WordList Level(int level) {
+  WordListBuilder builder;
+  ReadList(std::string(KELDA_BINARY_DIR) + "/L" + std::to_string(level) +
+               "Ascii.txt",
+           0, 0, builder);
+  return builder.Build();
+}
+
+inline const WordList& Level2() {
+  static const WordList list = Level(2);
+  return list;
+}
+
+inline Rows ReadGrid(const std::string& name) {
+  std::ifstream file(KELDA_SOURCE_DIR "/bench/grids/" + name);
+  Rows rows;
+  for (std::string row; std::getline(file, row);) rows.push_back(row);
+  return rows;
 }
 
 // Random words of the first few letters, of 3 to 5 letters.
