@@ -126,7 +126,8 @@ void Search::ExpandNogood(int i) {
 }
 
 // One question about all that the revision narrowed, whose last event this
-// is.  Returns the first.
+// is, but for a literal that is the only one left.  Returns the first event
+// that was asked about.
 int Search::ExpandRevision(int last) {
   const std::vector<Event>& events = store_.Events();
   const Board& board = store_.GetBoard();
@@ -137,6 +138,7 @@ int Search::ExpandRevision(int last) {
   for (; i >= start_; --i) {
     if (events[i].reason != entry || events[i].revision != revision) break;
     if (!pending_[i]) continue;
+    if (outstanding_ == 1) break;
     const Cell& cell = board.Cells()[events[i].cell];
     int position = cell.positions[board.Entries()[entry].across ? 0 : 1];
     asked[position - board.Entries()[entry].first] = Unmark(i);

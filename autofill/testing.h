@@ -68,13 +68,19 @@ inline Rows RandomGrid(std::mt19937& random, int letters) {
   return rows;
 }
 
-// Entry by entry, word by word: whether there is a fill.
+// Entry by entry, word by word: how many fills there are, up to a limit.
 class PlainFill {
  public:
   PlainFill(const Rows& rows, const std::vector<std::string>& words,
             int shared = 0)
       : board_(rows), words_(words), shared_(shared), rows_(rows) {}
-  bool Exists() { return Try(0); }
+  bool Exists() { return Count(1) == 1; }
+  int Count(int limit) {
+    count_ = 0;
+    limit_ = limit;
+    Try(0);
+    return count_;
+  }
 
  private:
   std::string Read(int e) const {
@@ -106,8 +112,9 @@ class PlainFill {
     }
     return false;
   }
+  // Whether there are as many as the limit.
   bool Try(int e) {
-    if (e == board_.EntryCount()) return true;
+    if (e == board_.EntryCount()) return ++count_ == limit_;
     if (board_.Entries()[e].given) {
       for (int other = 0; other < e; ++other) {
         if (board_.Entries()[other].given && Read(other) == Read(e)) {
@@ -135,6 +142,7 @@ class PlainFill {
   const std::vector<std::string>& words_;
   int shared_;
   Rows rows_;
+  int count_ = 0, limit_ = 0;
 };
 
 }  // namespace autofill
