@@ -22,7 +22,7 @@ constexpr int kWidth = 11350 / kTwipsPerPixel;
 constexpr int kWidthWithPanel = 15075 / kTwipsPerPixel;
 constexpr int kKeepWorkInterval = 2000;  // ms
 constexpr char kAccessCode[] = "508tavel";
-constexpr char kContact[] = "Write to the makers of your Kelda package";
+constexpr char kContact[] = "Questions? See Help in the menu Kelda.";
 
 }  // namespace
 
@@ -42,17 +42,19 @@ void MainWindow::Start(const std::string& file) {
 // Running commands
 
 void MainWindow::Run(const Command& command) {
-  RunCommand(app_, command);
-  AfterAction();
+  KeepingFocus([&] { RunCommand(app_, command); });
 }
 
 void MainWindow::Act(MayRun mayRun, const std::function<void()>& action) {
-  RunAction(app_, mayRun, action);
-  AfterAction();
+  KeepingFocus([&] { RunAction(app_, mayRun, action); });
 }
 
-void MainWindow::AfterAction() {
+// A task disables what it was started from, which takes the focus away.
+void MainWindow::KeepingFocus(const std::function<void()>& run) {
+  const QPointer<QWidget> focus = focusWidget();
+  run();
   ShowState();
+  if (focus && focus->isEnabled()) focus->setFocus();
   if (closeWhenIdle_ && !app_.taskRuns) {
     closeWhenIdle_ = false;
     close();

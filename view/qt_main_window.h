@@ -57,7 +57,7 @@ class MainWindow : public QMainWindow {
 
   void Run(const Command& command);
   void Act(MayRun mayRun, const std::function<void()>& action);
-  void AfterAction();
+  void KeepingFocus(const std::function<void()>& run);
   void Open(Window what);
   void PopUp(QMenu* menu, QWidget* below);
   void ShowMeaning();
