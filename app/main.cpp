@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr char kVersion[] = "1.0";
-
 constexpr char kUsage[] =
     "Usage: kelda [OPTIONS] [FILE.kdp]\n"
     "Makes, checks and fills crossword puzzles.\n"
@@ -59,7 +57,7 @@ Options ReadOptions(int argc, char** argv) {
       std::exit(0);
     }
     if (arg == "--version") {
-      std::cout << "Kelda " << kVersion << "\n";
+      std::cout << "Kelda " KELDA_VERSION "\n";
       std::exit(0);
     }
     if (value("--dictionary-service", options.service) ||
@@ -82,9 +80,13 @@ void ReportNoDisplay(QtMsgType type, const QMessageLogContext&,
   std::_Exit(1);
 }
 
-std::string HelpPage() {
-  const QString beside = QApplication::applicationDirPath() + "/kdpuzzle.htm";
-  if (QFileInfo::exists(beside)) return beside.toStdString();
+// Beside the program, in this installation's data folder, or in the one that
+// the program was built for.
+QString HelpPage() {
+  const QString program = QApplication::applicationDirPath();
+  for (const QString& folder : {program, program + "/../share/kelda"})
+    if (QFileInfo::exists(folder + "/kdpuzzle.htm"))
+      return folder + "/kdpuzzle.htm";
   return KELDA_DATA_DIR "/kdpuzzle.htm";
 }
 
@@ -99,7 +101,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   qInstallMessageHandler(before);
   QApplication::setApplicationName("Kelda");
-  QApplication::setApplicationVersion(kVersion);
+  QApplication::setApplicationVersion(KELDA_VERSION);
   QApplication::setDesktopFileName("kelda");
   QApplication::setWindowIcon(
       QIcon::fromTheme("kelda", QIcon(":/kelda/kelda.png")));
@@ -110,10 +112,9 @@ int main(int argc, char** argv) {
   host.state = &app.state;
   if (!options.seed.empty())
     host.Seed(std::strtoull(options.seed.c_str(), nullptr, 10));
-  MainWindow window(
-      app, host, picture,
-      {QString::fromStdString(options.service), Recovery::DefaultFolder(),
-       QString::fromStdString(HelpPage())});
+  MainWindow window(app, host, picture,
+                    {QString::fromStdString(options.service),
+                     Recovery::DefaultFolder(), HelpPage()});
   DefaultPrinter printer;
   QtBitmapClipboard clipboard(picture);
   QtPublisher publisher(&window);
