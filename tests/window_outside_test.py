@@ -150,6 +150,7 @@ def without_display():
     for arguments, status, text in [(["--version"], 0, "Kelda 1.0\n"),
                                     (["--help"], 0, "Usage: kelda"),
                                     (["--nonsense"], 2, ""),
+                                    (["--seed", "x7"], 2, ""),
                                     ([], 1, "")]:
         done = subprocess.run([os.path.join(BIN, "kelda"), *arguments],
                               env=environment, capture_output=True, text=True)

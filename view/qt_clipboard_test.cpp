@@ -78,7 +78,8 @@ TEST(QtClipboard, TheBitmapFileHasThePicturesPixels) {
 }
 
 TEST(ClipboardUnderX, OtherProgramsSeeTheCopyAndThenAnEmptyClipboard) {
-  ASSERT_EQ(QGuiApplication::platformName(), "xcb");
+  ASSERT_EQ(QGuiApplication::platformName(), "xcb")
+      << "run it by ctest -R clipboard_under_x";
   Drawn drawn;
   QtBitmapClipboard clipboard(drawn.picture);
   clipboard.CopyPicture();

@@ -9,7 +9,6 @@
 #include <QTimer>
 #include <utility>
 
-#include "controls/about_window.h"
 #include "controls/lookup_window.h"
 #include "dictionary/meanings.h"
 #include "files/puzzle_file.h"
@@ -23,6 +22,12 @@ constexpr int kWidthWithPanel = 15075 / kTwipsPerPixel;
 constexpr int kKeepWorkInterval = 2000;  // ms
 constexpr char kAccessCode[] = "508tavel";
 constexpr char kContact[] = "Questions? See Help in the menu Kelda.";
+
+void ShowInFront(QWidget* window) {
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
 
 }  // namespace
 
@@ -99,9 +104,11 @@ void MainWindow::Open(Window what) {
     case Window::Meaning:
       return ShowMeaning();
     case Window::About:
-      (new AboutForm(tr(kContact), QApplication::applicationVersion(), this))
-          ->show();
-      return;
+      if (!aboutForm_) {
+        aboutForm_ = new AboutForm(tr(kContact),
+                                   QApplication::applicationVersion(), this);
+      }
+      return ShowInFront(aboutForm_);
     case Window::Help:
       if (!helpForm_) helpForm_ = new HelpForm(this);
       helpForm_->ShowPage(options_.helpPage);
@@ -116,10 +123,7 @@ void MainWindow::Open(Window what) {
             },
             this);
       }
-      form2_->show();
-      form2_->raise();
-      form2_->activateWindow();
-      return;
+      return ShowInFront(form2_);
   }
 }
 

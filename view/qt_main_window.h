@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QScrollBar>
 
+#include "controls/about_window.h"
 #include "controls/file_dialog.h"
 #include "controls/help_window.h"
 #include "controls/overview_window.h"
@@ -94,4 +95,5 @@ class MainWindow : public QMainWindow {
   FNDialog* gf1_ = nullptr;
   QPointer<HelpForm> helpForm_;
   QPointer<OverviewForm> form2_;
+  QPointer<AboutForm> aboutForm_;
 };
