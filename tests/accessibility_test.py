@@ -94,8 +94,6 @@ def check_message():
 
 def main():
     os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
-    # Under the sanitizers: what libraries never free is not the program's.
-    os.environ["ASAN_OPTIONS"] = "detect_leaks=0"
     with desktop() as folder:
         Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
         path = os.path.join(folder, "small.kdp")

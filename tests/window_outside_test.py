@@ -164,8 +164,6 @@ def without_display():
 
 
 def main():
-    # Under the sanitizers: what libraries never free is not the program's.
-    os.environ["ASAN_OPTIONS"] = "detect_leaks=0"
     without_display()
     with desktop() as folder:
         small = os.path.join(folder, "small.kdp")
