@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <QWindow>
+#include <algorithm>
 #include <map>
 
 #include "view/qt_grid_view.h"

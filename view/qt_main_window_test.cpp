@@ -4,6 +4,7 @@
 #include <QListView>
 #include <QMenu>
 #include <fstream>
+#include <map>
 
 #include "dictionary/read_dictionary.h"
 #include "files/puzzle_file.h"
@@ -66,6 +67,21 @@ TEST(MainWindow, EveryControlCanBeReachedAndIsNamed) {
     widget = widget->nextInFocusChain();
   } while (widget != first);
   EXPECT_GE(reached, 17);
+}
+
+TEST(MainWindow, EachMnemonicWorksOneControl) {
+  WindowDesk desk;
+  std::map<QString, QString> owners;
+  for (QWidget* widget : desk.window->findChildren<QWidget*>()) {
+    const QString text = widget->property("text").toString();
+    const auto at = text.indexOf('&');
+    if (at < 0) continue;
+    const QString letter = text.mid(at + 1, 1).toUpper();
+    EXPECT_TRUE(owners.emplace(letter, text).second)
+        << text.toStdString() << " and " << owners[letter].toStdString();
+  }
+  EXPECT_EQ(owners.count("K"), 0u) << "K opens the menu";
+  EXPECT_GE(owners.size(), 16u);
 }
 
 TEST(MainWindow, SizeBoxMakesSizesOddAndDrawKeepsThemInRange) {
