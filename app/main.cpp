@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <charconv>
+#include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
+#include <optional>
 #include <string>
 
 #include "view/qt_clipboard.h"
@@ -14,8 +16,6 @@
 #include "view/qt_publisher.h"
 
 namespace {
-
-constexpr char kVersion[] = "1.0";
 
 constexpr char kUsage[] =
     "Usage: kelda [OPTIONS] [FILE.kdp]\n"
@@ -33,7 +33,7 @@ constexpr char kUsage[] =
 struct Options {
   std::string file;
   std::string service;
-  std::string seed;
+  std::optional<std::uint64_t> seed;
 };
 
 [[noreturn]] void FailUsage(const std::string& what) {
@@ -41,8 +41,18 @@ struct Options {
   std::exit(2);
 }
 
+std::uint64_t ReadSeed(const std::string& text) {
+  std::uint64_t seed = 0;
+  const char* end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, seed);
+  if (error != std::errc() || rest != end)
+    FailUsage("--seed needs a whole number, not " + text);
+  return seed;
+}
+
 Options ReadOptions(int argc, char** argv) {
   Options options;
+  std::string seed;
   if (const char* service = std::getenv("KELDA_DICTIONARY_SERVICE"))
     options.service = service;
   for (int i = 1; i < argc; ++i) {
@@ -59,16 +69,16 @@ Options ReadOptions(int argc, char** argv) {
       std::exit(0);
     }
     if (arg == "--version") {
-      std::cout << "Kelda " << kVersion << "\n";
+      std::cout << "Kelda " KELDA_VERSION "\n";
       std::exit(0);
     }
-    if (value("--dictionary-service", options.service) ||
-        value("--seed", options.seed))
+    if (value("--dictionary-service", options.service) || value("--seed", seed))
       continue;
     if (arg.starts_with("-")) FailUsage("there is no option " + arg);
     if (!options.file.empty()) FailUsage("only one file can be opened");
     options.file = arg;
   }
+  if (!seed.empty()) options.seed = ReadSeed(seed);
   return options;
 }
 
@@ -82,9 +92,13 @@ void ReportNoDisplay(QtMsgType type, const QMessageLogContext&,
   std::_Exit(1);
 }
 
-std::string HelpPage() {
-  const QString beside = QApplication::applicationDirPath() + "/kdpuzzle.htm";
-  if (QFileInfo::exists(beside)) return beside.toStdString();
+// Beside the program, in this installation's data folder, or in the one that
+// the program was built for.
+QString HelpPage() {
+  const QString program = QApplication::applicationDirPath();
+  for (const QString& folder : {program, program + "/../share/kelda"})
+    if (QFileInfo::exists(folder + "/kdpuzzle.htm"))
+      return folder + "/kdpuzzle.htm";
   return KELDA_DATA_DIR "/kdpuzzle.htm";
 }
 
@@ -99,7 +113,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   qInstallMessageHandler(before);
   QApplication::setApplicationName("Kelda");
-  QApplication::setApplicationVersion(kVersion);
+  QApplication::setApplicationVersion(KELDA_VERSION);
   QApplication::setDesktopFileName("kelda");
   QApplication::setWindowIcon(
       QIcon::fromTheme("kelda", QIcon(":/kelda/kelda.png")));
@@ -108,12 +122,10 @@ int main(int argc, char** argv) {
   WindowHost host;
   App app{{}, {}, host, picture};
   host.state = &app.state;
-  if (!options.seed.empty())
-    host.Seed(std::strtoull(options.seed.c_str(), nullptr, 10));
-  MainWindow window(
-      app, host, picture,
-      {QString::fromStdString(options.service), Recovery::DefaultFolder(),
-       QString::fromStdString(HelpPage())});
+  if (options.seed) host.Seed(*options.seed);
+  MainWindow window(app, host, picture,
+                    {QString::fromStdString(options.service),
+                     Recovery::DefaultFolder(), HelpPage()});
   DefaultPrinter printer;
   QtBitmapClipboard clipboard(picture);
   QtPublisher publisher(&window);

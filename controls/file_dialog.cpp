@@ -2,13 +2,14 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 FNDialog::FNDialog(QWidget* parent) : QPushButton("...", parent) {}
 
 QString FNDialog::GetFileName(const QString& mode) {
   const QString folder = QDir::currentPath();
   const bool save = mode.toUpper() == "SAVE";
-  QFileDialog dialog(this, Title, DefaultDir);
+  QFileDialog dialog(this, Title, StartFolder());
   dialog.setNameFilter(FileTypesName + " (" +
                        QString(FileTypes).replace(';', ' ') + ")");
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave
@@ -22,6 +23,11 @@ QString FNDialog::GetFileName(const QString& mode) {
   QDir::setCurrent(folder);
   if (name.isEmpty() || !save) return name;
   return WithExtension(name, FileTypes);
+}
+
+QString FNDialog::StartFolder() const {
+  if (QFileInfo(DefaultDir).isWritable()) return DefaultDir;
+  return QDir::homePath();
 }
 
 QString FNDialog::WithExtension(const QString& name, const QString& fileTypes) {

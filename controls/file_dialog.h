@@ -18,7 +18,8 @@ class FNDialog : public QPushButton {
   QString FileTypes;  // "*.bmp" or "*.txt;*.dic;*.dat"
   QString Title;
   QString FileTypesName;  // "Dictionary Files"
-  QString DefaultDir;     // where the dialog opens
+  QString DefaultDir;     // where the dialog opens, if the user may write
+                          // there, else the user's home
 
   // Shows the dialog, mode "OPEN" or "SAVE"; the full path, "" if cancelled.
   QString GetFileName(const QString& mode);
@@ -26,4 +27,7 @@ class FNDialog : public QPushButton {
   // A name as it is saved: with the extension of the first file type in
   // place of its own.  "grid.old.txt" for "*.bmp" is "grid.old.bmp".
   static QString WithExtension(const QString& name, const QString& fileTypes);
+
+ private:
+  QString StartFolder() const;
 };

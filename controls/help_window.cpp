@@ -1,6 +1,5 @@
 #include "controls/help_window.h"
 
-
 #include <QBoxLayout>
 #include <QDesktopServices>
 #include <QFileInfo>

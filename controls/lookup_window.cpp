@@ -39,7 +39,8 @@ LookupForm::LookupForm(const QString& word, const QString& address,
   page_->setAccessibleName(tr("Meaning"));
   page_->setOpenLinks(false);
   page_->setPalette(PaperPalette());
-  page_->document()->setDefaultStyleSheet("a { text-decoration: none; }");
+  page_->document()->setDefaultStyleSheet(
+      "a { color: #235a97; text-decoration: none; }");
   connect(page_, &QTextBrowser::anchorClicked, this, &LookupForm::Follow);
   layout->addWidget(page_);
   auto* buttons = new QHBoxLayout;

@@ -1,5 +1,5 @@
 // The colours of pages: dark on white whatever the desktop's colours, as
-// pages choose colours of their own for that ground.
+// pages choose colours of their own for that ground, that of links too.
 
 #pragma once
 
@@ -9,7 +9,5 @@ inline QPalette PaperPalette() {
   QPalette palette;
   palette.setColor(QPalette::Base, Qt::white);
   palette.setColor(QPalette::Text, Qt::black);
-  palette.setColor(QPalette::Link, QColor(35, 90, 151));
-  palette.setColor(QPalette::LinkVisited, QColor(35, 90, 151));
   return palette;
 }

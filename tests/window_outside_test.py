@@ -6,12 +6,13 @@ the files that are saved.
 """
 
 import os
-import shutil
 import signal
 import subprocess
 import sys
-import tempfile
-import time
+
+from x_desktop import (Program, box, click_cell, close_box, desktop,
+                       grid_corner, keys, no_box, pixels_of, run, type_text,
+                       wait_until, window)
 
 BIN = os.path.abspath(sys.argv[1])
 HARD_GRID = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..",
@@ -20,124 +21,37 @@ HARD_GRID = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..",
 LATTICE_CLICKS = [(2, 2), (2, 4), (2, 6), (4, 2), (4, 4)]
 
 
-def run(*command):
-    done = subprocess.run(command, capture_output=True, text=True)
-    return done.stdout.strip()
-
-
-def wait_until(what, test, seconds=60):
-    end = time.time() + seconds
-    while time.time() < end:
-        found = test()
-        if found:
-            return found
-        time.sleep(0.1)
-    run("import", "-window", "root", "/tmp/kelda-window-test.png")
-    raise SystemExit(f"failed: {what} (see /tmp/kelda-window-test.png); "
-                     f"windows: {titles()}")
-
-
-def titles():
-    return [run("xdotool", "getwindowname", w) for w in run(
-        "xdotool", "search", "--onlyvisible", "--name", ".").split()]
-
-
-def window(title):
-    """The window whose title matches, with the keyboard, once it is there."""
-    found = wait_until(
-        f"window {title}", lambda: run("xdotool", "search", "--onlyvisible",
-                                       "--name", title)).split()[-1]
-    run("xdotool", "windowactivate", "--sync", found)
-    return found
-
-
-def box():
-    """The message box or dialog in front of the main window."""
-    def in_front():
-        active = run("xdotool", "getactivewindow")
-        return active if active and active != Program.main else None
-    found = wait_until("a message box", in_front)
-    time.sleep(0.2)
-    return found
-
-
-def no_box():
-    wait_until("the main window in front", lambda: run(
-        "xdotool", "getactivewindow") == Program.main)
-
-
-def keys(*names):
-    run("xdotool", "key", *names)
-    time.sleep(0.3)
-
-
-def type_text(text):
-    run("xdotool", "type", text)
-    time.sleep(0.2)
-
-
-def close_box():
-    box()
-    keys("Return")
-    no_box()
-
-
-class Program:
-    """A running kelda; Program.main is its window."""
-
-    main = ""
-
-    def __init__(self, *arguments, title="^Kelda"):
-        self.process = subprocess.Popen([os.path.join(BIN, "kelda"),
-                                         *arguments])
-        Program.main = window(title)
-
-    def quit(self):
-        keys("ctrl+q")
-        status = self.process.wait(timeout=30)
-        assert status == 0, status
-
-
-def grid_corner(window_id):
-    """Where the first cell begins in a window: its black corner pixel."""
-    image = subprocess.run(["import", "-window", window_id, "-depth", "8",
-                            "ppm:-"], capture_output=True).stdout
-    header = image.split(b"\n", 3)
-    width, height = map(int, header[1].split())
-    pixels = header[3]
-    line = bytes([20, 20, 20]) * 28
-    for y in range(height):
-        at = pixels[y * width * 3:(y + 1) * width * 3].find(line)
-        if at >= 0:
-            return at // 3, y
-    raise SystemExit("failed: no grid on the screen")
-
-
-def shift_click(corner, row, col):
-    x, y = corner[0] + col * 28 - 14, corner[1] + row * 28 - 14
-    run("xdotool", "mousemove", "--window", Program.main, str(x), str(y),
-        "keydown", "shift", "click", "1", "keyup", "shift")
-    time.sleep(0.1)
-
-
-def draw_fill_and_save(path):
-    program = Program()
+def draw_lattice():
     keys("alt+s")
     keys("ctrl+a")
     type_text("7")
     keys("Return")
     corner = grid_corner(Program.main)
     for cell in LATTICE_CLICKS:
-        shift_click(corner, *cell)
-    keys("alt+o")
-    keys("r")
-    close_box()  # Solution completed
+        click_cell(corner, *cell, "shift")
+
+
+def save_as(path):
     keys("ctrl+s")
     box()
     type_text(path)
     keys("Return")
     close_box()  # Saved to
     window("^Puzzle File: " + path)
+
+
+def blue_is_seen():
+    blue = bytes([0, 0, 255]) * 20
+    return any(blue in row for row in pixels_of(Program.main))
+
+
+def draw_fill_and_save(path):
+    program = Program(BIN)
+    draw_lattice()
+    keys("alt+o")
+    keys("r")
+    close_box()  # Solution completed
+    save_as(path)
     program.quit()
     lines = open(path, encoding="latin-1").read().splitlines()
     assert lines[0] == "New Puzzle", lines
@@ -146,12 +60,33 @@ def draw_fill_and_save(path):
     assert len(lines) == 8 and all(w.isalpha() for w in words), lines
 
 
+def load_and_check(path):
+    program = Program(BIN)
+    keys("ctrl+o")
+    box()
+    type_text(path)
+    box_id = box()
+    keys("Return")
+    wait_until("the next box", lambda: run(
+        "xdotool", "getactivewindow") != box_id)
+    close_box()  # loaded
+    # Two blocks that leave slots of two cells, which the check paints blue.
+    click_cell(grid_corner(Program.main), 1, 3, "shift")
+    assert not blue_is_seen()
+    keys("alt+h")
+    box()
+    while run("xdotool", "getactivewindow") != Program.main:
+        keys("Return")
+    wait_until("blue cells", blue_is_seen, 10)
+    keys("ctrl+q")
+    box()
+    keys("alt+d")  # Discard
+    assert program.process.wait(timeout=30) == 0
+
+
 def look_up():
-    program = Program()
-    run("xdotool", "key", "alt+d")
-    # Tab from the size box to the word box would pass the options.
-    keys("alt+s")
-    keys(*["Tab"] * 5)
+    program = Program(BIN)
+    keys("alt+w")
     type_text("mice")
     keys("alt+m")
     window("^mice$")
@@ -160,32 +95,45 @@ def look_up():
     program.quit()
 
 
-def halt_and_resume(path):
-    program = Program(path, title="^Puzzle File: ")
+def halt_and_resume(path, words):
+    # Two words are too few for a lattice of eight, so the fill never ends.
+    with open(words, "w") as file:
+        file.write("CHANCEL\nNOMADIC\n")
+    program = Program(BIN)
+    draw_lattice()
+    keys("alt+u")
+    box()
+    type_text(words)
+    keys("Return")
+    close_box()  # Read 2 words
     keys("alt+o")
     keys("r")
-    time.sleep(1)
-    keys("Escape")  # Halt, or Abort when the program asks whether to go on
-    time.sleep(0.5)
-    keys("Escape")
-    keys("ctrl+s")  # is refused while the fill runs
-    box()
-    keys("alt+y")
+    box()  # Tried 28 times
+    keys("alt+i")  # Ignore
     no_box()
+    keys("ctrl+s")  # is refused while the fill runs
+    assert run("xdotool", "getactivewindow") == Program.main
+    keys("alt+a")  # Halt
+    keys("alt+2")
+    close_box()  # Read
+    keys("alt+o")
+    keys("e")  # Resume
+    close_box()  # Solution completed
+    save_as(path)
     program.quit()
-    filled = open(path, encoding="latin-1").read()
-    assert any(c.isalpha() for c in filled.split("\n", 1)[1]), filled
+    lines = open(path, encoding="latin-1").read().splitlines()
+    assert all(line.isalpha() for line in lines[1::2]), lines
 
 
 def power_cut_and_recover(path, state):
-    program = Program(path, title="^Puzzle File: ")
+    program = Program(BIN, path, title="^Puzzle File: ")
     keys("alt+o")
     keys("r")
     wait_until("a recovery copy", lambda: any(
         name.endswith(".kdp") for name in os.listdir(state)), 10)
     program.process.send_signal(signal.SIGKILL)
     program.process.wait()
-    program = Program()
+    program = Program(BIN)
     box()
     keys("Return")  # Recover
     window("^Puzzle File: " + path)
@@ -202,6 +150,7 @@ def without_display():
     for arguments, status, text in [(["--version"], 0, "Kelda 1.0\n"),
                                     (["--help"], 0, "Usage: kelda"),
                                     (["--nonsense"], 2, ""),
+                                    (["--seed", "x7"], 2, ""),
                                     ([], 1, "")]:
         done = subprocess.run([os.path.join(BIN, "kelda"), *arguments],
                               env=environment, capture_output=True, text=True)
@@ -214,43 +163,20 @@ def without_display():
     assert done.returncode == 1 and done.stderr.count("\n") == 1, done
 
 
-def start_display(children):
-    read, write = os.pipe()
-    children.append(subprocess.Popen(
-        ["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x960x24",
-         "-nolisten", "tcp"], pass_fds=[write], stderr=subprocess.DEVNULL))
-    os.close(write)
-    os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
-    children.append(subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL))
-    wait_until("a window manager", lambda: "window id" in run(
-        "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
-
-
 def main():
     without_display()
-    folder = tempfile.mkdtemp(prefix="kelda-window-")
-    os.environ["XDG_STATE_HOME"] = folder
-    os.environ["XDG_RUNTIME_DIR"] = folder
-    os.environ.pop("QT_QPA_PLATFORM", None)
-    # Under the sanitizers: what libraries never free is not the program's.
-    os.environ["ASAN_OPTIONS"] = "detect_leaks=0"
-    state = os.path.join(folder, "kelda")
-    hard = os.path.join(folder, "hard.kdp")
-    with open(hard, "w") as file:
-        file.write("Hard\n" + open(HARD_GRID).read())
-    children = []
-    try:
-        start_display(children)
-        draw_fill_and_save(os.path.join(folder, "small.kdp"))
+    with desktop() as folder:
+        small = os.path.join(folder, "small.kdp")
+        hard = os.path.join(folder, "hard.kdp")
+        with open(hard, "w") as file:
+            file.write("Hard\n" + open(HARD_GRID).read())
+        draw_fill_and_save(small)
+        load_and_check(small)
         look_up()
-        halt_and_resume(hard)
-        power_cut_and_recover(hard, state)
-    finally:
-        for child in reversed(children):
-            child.terminate()
-            child.wait()
-        shutil.rmtree(folder)
-    print("5 passed, 0 failed")
+        halt_and_resume(os.path.join(folder, "resumed.kdp"),
+                        os.path.join(folder, "words.txt"))
+        power_cut_and_recover(hard, os.path.join(folder, "kelda"))
+    print("6 passed, 0 failed")
 
 
 main()

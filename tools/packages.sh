@@ -16,5 +16,8 @@ test_packages=(
   clang-14 libclang-rt-14-dev            # fuzz targets
   xvfb xauth openbox xdotool x11-utils   # the program from outside
   imagemagick
-  desktop-file-utils appstream           # checks of what is installed
+  desktop-file-utils appstream           # checks of the package
+  shared-mime-info dpkg-dev
+  dbus at-spi2-core python3-gi           # the window as screen readers see it
+  gir1.2-atspi-2.0
 )

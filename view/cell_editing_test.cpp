@@ -4,21 +4,16 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/fakes.h"
+#include "tests/fake_program.h"
 #include "view/debug_panel.h"
 #include "view/test_buttons.h"
 #include "view/unsaved.h"
 
 namespace {
 
-struct Program {
-  App app;
-  FakeHost host;
-  FakePicture picture;
-
-  Program()
-      : app{.state = {}, .words = {}, .host = host, .picture = picture},
-        host(app.state) {
+// With an empty grid of 5 x 5 cells.
+struct SmallProgram : Program {
+  SmallProgram() {
     app.state.Text3 = "5";
     NewGrid(app.state, app.ports());
     BuildSlotList(app.state, host);
@@ -26,7 +21,7 @@ struct Program {
 };
 
 TEST(CellEditing, APlaceBelongsToACellShiftedUpAndLeft) {
-  Program program;
+  SmallProgram program;
   State& state = program.app.state;
   const struct {
     int x, y;
@@ -44,7 +39,7 @@ TEST(CellEditing, APlaceBelongsToACellShiftedUpAndLeft) {
 }
 
 TEST(CellEditing, ShiftClickTogglesACellAndItsMirror) {
-  Program program;
+  SmallProgram program;
   State& state = program.app.state;
   const auto shiftClick = [&](Pos cell) {
     ClickCell(program.app, MouseButton::Left, kShift, cell);
@@ -59,7 +54,7 @@ TEST(CellEditing, ShiftClickTogglesACellAndItsMirror) {
 }
 
 TEST(CellEditing, OnlyAFullSlotTakesAnotherWord) {
-  Program program;
+  SmallProgram program;
   State& state = program.app.state;
   program.host.script = {{"Enter Word 1A", "LEMON"}, {"Enter Word 1A", ""}};
   ClickCell(program.app, MouseButton::Left, kCtrl, {1, 1});
@@ -74,7 +69,7 @@ TEST(CellEditing, OnlyAFullSlotTakesAnotherWord) {
 }
 
 TEST(DebugPanel, NewestWordsComeFirstAndLostRowsAreEmpty) {
-  Program program;
+  SmallProgram program;
   State& state = program.app.state;
   DebugLists lists(program.app);
   auto& used = state.List1.Refill<UsedWord>();
@@ -93,7 +88,7 @@ TEST(DebugPanel, NewestWordsComeFirstAndLostRowsAreEmpty) {
 }
 
 TEST(Unsaved, TheGridAsDrawnIsTheWorkWhateverTheSizeBoxSays) {
-  Program program;
+  SmallProgram program;
   App& app = program.app;
   EXPECT_FALSE(HasUnsavedWork(app));
   ClickCell(app, MouseButton::Left, kShift, {1, 1});

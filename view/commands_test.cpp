@@ -7,26 +7,7 @@
 
 #include "dictionary/read_dictionary.h"
 #include "grid/masks.h"
-#include "tests/fakes.h"
-
-namespace {
-
-// The whole program with a fake user.
-struct Program {
-  App app;
-  FakeHost host;
-  FakePicture picture;
-
-  Program()
-      : app{.state = {}, .words = {}, .host = host, .picture = picture},
-        host(app.state) {}
-
-  bool Press(std::string_view control) {
-    return RunCommand(app, CommandOf(control));
-  }
-};
-
-}  // namespace
+#include "tests/fake_program.h"
 
 TEST(Commands, TheTableIsSound) {
   std::set<std::string_view> controls;

@@ -12,9 +12,8 @@ QColor ColourOf(Colour colour) {
 
 PainterCanvas::PainterCanvas(QPainter& painter, int width, int height,
                              std::function<void()> newPage)
-    : painter_(painter),
-      width_(width),
-      height_(height),
+    : SizedCanvas(width, height),
+      painter_(painter),
       newPage_(std::move(newPage)),
       toPixels_(painter.device()->devType() == QInternal::Image) {}
 

@@ -7,7 +7,7 @@
 
 #include "view/qt_draw_font.h"
 
-class PainterCanvas : public Canvas {
+class PainterCanvas : public SizedCanvas {
  public:
   // The painter's coordinates are to be twips from the top left of the part
   // of the page that is drawn on, width x height twips.  newPage moves the
@@ -15,11 +15,6 @@ class PainterCanvas : public Canvas {
   PainterCanvas(QPainter& painter, int width, int height,
                 std::function<void()> newPage);
 
-  int Width() const override { return width_; }
-  int Height() const override { return height_; }
-  int TextWidth(std::string_view text, const TextStyle& style) const override {
-    return fonts_.TextWidth(text, style);
-  }
   void Outline(const Box& box, Colour colour, int width) override;
   void Fill(const Box& box, Colour colour) override;
   void Text(int x, int y, std::string_view text,
@@ -30,8 +25,6 @@ class PainterCanvas : public Canvas {
   QRect Pixels(const Box& box) const;
 
   QPainter& painter_;
-  FontBook fonts_;
-  int width_, height_;
   std::function<void()> newPage_;
   bool toPixels_;  // boxes have their edges between pixels
 };

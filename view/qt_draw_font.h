@@ -40,3 +40,21 @@ class FontBook {
  private:
   mutable std::map<int, Entry> entries_;
 };
+
+// A canvas of a size in twips, with these fonts.
+class SizedCanvas : public Canvas {
+ public:
+  SizedCanvas(int width, int height) : width_(width), height_(height) {}
+
+  int Width() const override { return width_; }
+  int Height() const override { return height_; }
+  int TextWidth(std::string_view text, const TextStyle& style) const override {
+    return fonts_.TextWidth(text, style);
+  }
+
+ protected:
+  FontBook fonts_;
+
+ private:
+  const int width_, height_;
+};

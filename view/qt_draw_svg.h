@@ -18,15 +18,10 @@ struct SvgPage {
   double shownScale = 1;  // how large the picture is shown
 };
 
-class SvgCanvas : public Canvas {
+class SvgCanvas : public SizedCanvas {
  public:
-  SvgCanvas(int width, int height) : width_(width), height_(height) {}
+  using SizedCanvas::SizedCanvas;
 
-  int Width() const override { return width_; }
-  int Height() const override { return height_; }
-  int TextWidth(std::string_view text, const TextStyle& style) const override {
-    return fonts_.TextWidth(text, style);
-  }
   void Outline(const Box& box, Colour colour, int width) override;
   void Fill(const Box& box, Colour colour) override;
   void Text(int x, int y, std::string_view text,
@@ -39,8 +34,6 @@ class SvgCanvas : public Canvas {
  private:
   void EndPath();
 
-  int width_, height_;
-  FontBook fonts_;
   std::vector<std::string> pages_ = {""};
   // Boxes that are drawn alike make one path.
   std::string path_;

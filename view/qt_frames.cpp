@@ -139,8 +139,12 @@ QGroupBox* Frames4::BuildDictionary(CommandBinding& binding) {
   layout->addLayout(options, 0, 0, 1, 2);
   layout->addWidget(Label3 = NewLabel<ElidedLabel>("Label3"), 2, 0, 1, 2);
   layout->addWidget(Label9 = NewLabel("Label9"), 3, 0, 1, 2);
-  layout->addWidget(Text4 = Edit("Text4", tr("Word to look up")), 4, 0, 1, 2);
-  Text4->setPlaceholderText(tr("Word"));
+  auto* word = NewLabel("WordLabel", tr("&Word"));
+  auto* line = new QHBoxLayout;
+  line->addWidget(word);
+  line->addWidget(Text4 = Edit("Text4", tr("Word to look up")));
+  word->setBuddy(Text4);
+  layout->addLayout(line, 4, 0, 1, 2);
   Add(layout, binding.Button("Command6", 'F'), 5, 0, 2);
   Add(layout, binding.Button("Command4", 'M'), 6, 0, 2);
   return frame;

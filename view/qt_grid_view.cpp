@@ -5,6 +5,9 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
+
+#include "view/qt_grid_accessible.h"
 
 namespace {
 
@@ -20,6 +23,7 @@ int ShiftStateOf(Qt::KeyboardModifiers modifiers) {
 
 GridView::GridView(const State& state, QtPicture& picture, QWidget* parent)
     : QWidget(parent), state_(state), picture_(picture) {
+  QAccessible::installFactory(MakeGridAccessible);
   setObjectName("Picture1");
   setAccessibleName(tr("Grid"));
   setFocusPolicy(Qt::StrongFocus);
@@ -41,13 +45,22 @@ QRect GridView::BoxOf(Pos cell) const {
           kCell + 1};
 }
 
+int GridView::Cells() const {
+  return std::min(picture_.Cells(), state_.GridSize);
+}
+
+Pos GridView::Cursor() const {
+  const int n = std::max(1, Cells());
+  return {std::clamp(cursor_.row, 1, n), std::clamp(cursor_.col, 1, n)};
+}
+
 QString GridView::Describe(Pos cell) const {
   const CellPaint& paint = picture_.At(cell);
-  QString text = tr("Row %1, column %2: ").arg(cell.row).arg(cell.col);
+  QString text = tr("row %1, column %2: ").arg(cell.row).arg(cell.col);
   if (state_.IsBlack(cell))
-    text += tr("black");
+    text += tr("block");
   else if (paint.letter > ' ')
-    text += tr("letter %1").arg(QChar(QLatin1Char(paint.letter)));
+    text += QLatin1Char(paint.letter);
   else
     text += tr("empty");
   if (paint.number > 0) text += tr(", number %1").arg(paint.number);
@@ -66,7 +79,7 @@ void GridView::paintEvent(QPaintEvent* event) {
                            shown.width() * scale, shown.height() * scale));
   if (!isEnabled() || !hasFocus() || !keyboardUsed_) return;
   painter.setPen(QPen(QColor(30, 110, 220), 2));
-  painter.drawRect(BoxOf(cursor_).adjusted(2, 2, -2, -2));
+  painter.drawRect(BoxOf(Cursor()).adjusted(2, 2, -2, -2));
 }
 
 void GridView::mousePressEvent(QMouseEvent*) {
@@ -88,16 +101,24 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void GridView::MoveCursor(int down, int right) {
-  const int n = std::max(1, std::min(picture_.Cells(), state_.GridSize));
+  cursor_ = Cursor();
   update(BoxOf(cursor_));
   if (keyboardUsed_) {
-    cursor_.row = std::clamp(cursor_.row + down, 1, n);
-    cursor_.col = std::clamp(cursor_.col + right, 1, n);
+    cursor_.row += down;
+    cursor_.col += right;
+    cursor_ = Cursor();
   }
   keyboardUsed_ = true;
   update(BoxOf(cursor_));
-  setAccessibleDescription(Describe(cursor_));
+  Speak(QAccessible::Focus);
   emit CursorMoved(BoxOf(cursor_));
+}
+
+void GridView::Speak(QAccessible::Event what) {
+  QAccessibleEvent event(this, what);
+  const Pos cell = Cursor();
+  event.setChild((cell.row - 1) * Cells() + cell.col - 1);
+  QAccessible::updateAccessibility(&event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -107,7 +128,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     MoveCursor(0, 0);
     emit Keyed(down ? MouseButton::Other : MouseButton::Left, shiftState,
                cursor_);
-    setAccessibleDescription(Describe(cursor_));
+    Speak(QAccessible::NameChanged);
   };
   constexpr int kFar = MaxGridSize;
   switch (event->key()) {

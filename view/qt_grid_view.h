@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include <QAccessible>
 #include <QWidget>
 #include <functional>
 
@@ -22,10 +23,14 @@ class GridView : public QWidget {
   // Brings the widget up to date with the picture.
   void ShowPicture();
 
-  // The cell under the keyboard cursor, and whether it is shown.
-  Pos Cursor() const { return cursor_; }
-  // What is in a cell, in words: "Row 2, column 3: letter A, number 5".
+  // How many cells a row and a column have.
+  int Cells() const;
+  // The cell under the keyboard cursor.
+  Pos Cursor() const;
+  // What is in a cell, in words: "row 2, column 3: A, number 5", or "block"
+  // or "empty" in place of the letter.
   QString Describe(Pos cell) const;
+  QRect BoxOf(Pos cell) const;  // in pixels
 
  signals:
   // A mouse button was released at a place in twips.
@@ -45,7 +50,8 @@ class GridView : public QWidget {
 
  private:
   void MoveCursor(int down, int right);
-  QRect BoxOf(Pos cell) const;  // in pixels
+  // Tells assistive technology of the cell under the cursor.
+  void Speak(QAccessible::Event what);
 
   const State& state_;
   QtPicture& picture_;

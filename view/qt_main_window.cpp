@@ -9,7 +9,6 @@
 #include <QTimer>
 #include <utility>
 
-#include "controls/about_window.h"
 #include "controls/lookup_window.h"
 #include "dictionary/meanings.h"
 #include "files/puzzle_file.h"
@@ -22,7 +21,13 @@ constexpr int kWidth = 11350 / kTwipsPerPixel;
 constexpr int kWidthWithPanel = 15075 / kTwipsPerPixel;
 constexpr int kKeepWorkInterval = 2000;  // ms
 constexpr char kAccessCode[] = "508tavel";
-constexpr char kContact[] = "Write to the makers of your Kelda package";
+constexpr char kContact[] = "Questions? See Help in the menu Kelda.";
+
+void ShowInFront(QWidget* window) {
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
 
 }  // namespace
 
@@ -42,17 +47,19 @@ void MainWindow::Start(const std::string& file) {
 // Running commands
 
 void MainWindow::Run(const Command& command) {
-  RunCommand(app_, command);
-  AfterAction();
+  KeepingFocus([&] { RunCommand(app_, command); });
 }
 
 void MainWindow::Act(MayRun mayRun, const std::function<void()>& action) {
-  RunAction(app_, mayRun, action);
-  AfterAction();
+  KeepingFocus([&] { RunAction(app_, mayRun, action); });
 }
 
-void MainWindow::AfterAction() {
+// A task disables what it was started from, which takes the focus away.
+void MainWindow::KeepingFocus(const std::function<void()>& run) {
+  const QPointer<QWidget> focus = focusWidget();
+  run();
   ShowState();
+  if (focus && focus->isEnabled()) focus->setFocus();
   if (closeWhenIdle_ && !app_.taskRuns) {
     closeWhenIdle_ = false;
     close();
@@ -97,9 +104,11 @@ void MainWindow::Open(Window what) {
     case Window::Meaning:
       return ShowMeaning();
     case Window::About:
-      (new AboutForm(tr(kContact), QApplication::applicationVersion(), this))
-          ->show();
-      return;
+      if (!aboutForm_) {
+        aboutForm_ = new AboutForm(tr(kContact),
+                                   QApplication::applicationVersion(), this);
+      }
+      return ShowInFront(aboutForm_);
     case Window::Help:
       if (!helpForm_) helpForm_ = new HelpForm(this);
       helpForm_->ShowPage(options_.helpPage);
@@ -114,10 +123,7 @@ void MainWindow::Open(Window what) {
             },
             this);
       }
-      form2_->show();
-      form2_->raise();
-      form2_->activateWindow();
-      return;
+      return ShowInFront(form2_);
   }
 }
 

@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QScrollBar>
 
+#include "controls/about_window.h"
 #include "controls/file_dialog.h"
 #include "controls/help_window.h"
 #include "controls/overview_window.h"
@@ -57,7 +58,7 @@ class MainWindow : public QMainWindow {
 
   void Run(const Command& command);
   void Act(MayRun mayRun, const std::function<void()>& action);
-  void AfterAction();
+  void KeepingFocus(const std::function<void()>& run);
   void Open(Window what);
   void PopUp(QMenu* menu, QWidget* below);
   void ShowMeaning();
@@ -94,4 +95,5 @@ class MainWindow : public QMainWindow {
   FNDialog* gf1_ = nullptr;
   QPointer<HelpForm> helpForm_;
   QPointer<OverviewForm> form2_;
+  QPointer<AboutForm> aboutForm_;
 };

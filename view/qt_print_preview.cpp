@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QPrintPreviewWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 PreviewDialog::PreviewDialog(QWidget* parent, const Paper& paper,
@@ -20,7 +21,7 @@ PreviewDialog::PreviewDialog(QWidget* parent, const Paper& paper,
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(pages_);
   AddButtons();
-  resize(760, 900);
+  resize(QSize(760, 900).boundedTo(screen()->availableSize() * 0.9));
   pages_->fitInView();
 }
 

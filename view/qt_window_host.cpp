@@ -30,6 +30,9 @@ int WindowHost::Box(std::string_view text, QMessageBox::StandardButtons buttons,
   box.setText(Lines(text));
   box.setStandardButtons(buttons);
   box.setEscapeButton(onEscape);
+  // Each can be pressed with Alt and its first letter.
+  for (QAbstractButton* button : box.buttons())
+    if (!button->text().contains('&')) button->setText('&' + button->text());
   if (buttons & QMessageBox::Save) box.setDefaultButton(QMessageBox::Save);
   const int answer = box.exec();
   sincePoll_.restart();

@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+"""The Debian package: made, looked at, unpacked into a folder, passed to the
+validators that a desktop's own tools use, and its programs run from there.
+Argument: the folder of the programs in a build.
+"""
+
+import glob
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+from x_desktop import Program, desktop, keys, no_box, window
+
+BUILD = os.path.dirname(os.path.abspath(sys.argv[1]))
+NEEDED = ["wordnet-base", "fonts-liberation", "libqt6widgets6",
+          "libqt6network6", "libqt6printsupport6", "libcups2", "libc6"]
+SHIPPED = ["bin/kelda", "bin/kelda-cli", "share/applications/kelda.desktop",
+           "share/doc/kelda/copyright",
+           "share/icons/hicolor/scalable/apps/kelda.svg",
+           "share/kelda/L1Ascii.txt", "share/kelda/L2Ascii.txt",
+           "share/kelda/L3Ascii.txt", "share/kelda/word-lists-copyright.txt",
+           "share/kelda/wordnet-copyright.txt", "share/kelda/kdpuzzle.htm",
+           "share/metainfo/org.kelda.Kelda.metainfo.xml"]
+
+
+def output(*command, **options):
+    done = subprocess.run(command, capture_output=True, text=True, **options)
+    assert done.returncode == 0, (command, done.stdout, done.stderr)
+    return done.stdout
+
+
+def make_package(folder):
+    output("cpack", "-G", "DEB", "--config",
+           os.path.join(BUILD, "CPackConfig.cmake"), "-B", folder)
+    [package] = glob.glob(os.path.join(folder, "kelda_*.deb"))
+    return package
+
+
+def check_control_data(package):
+    depends = re.split(r"[,|]\s*", output("dpkg-deb", "-f", package,
+                                          "Depends"))
+    names = {re.split(r"[ (]", item.strip())[0].removesuffix("t64")
+             for item in depends}
+    missing = set(NEEDED) - names
+    assert not missing, (missing, names)
+    listing = output("dpkg-deb", "-c", package)
+    assert all("root/root" in line for line in listing.splitlines()), listing
+
+
+def check_desktop_files(usr):
+    for name in SHIPPED:
+        assert os.path.getsize(os.path.join(usr, name)) > 0, name
+    output("desktop-file-validate",
+           os.path.join(usr, "share/applications/kelda.desktop"))
+    # Also holds against each other what the files say.
+    output("appstreamcli", "validate-tree", "--no-net", os.path.dirname(usr))
+    output("update-mime-database", os.path.join(usr, "share/mime"))
+    with open(os.path.join(usr, "share/mime/globs2")) as globs:
+        assert "50:application/x-kelda-puzzle:*.kdp" in globs.read()
+
+
+def check_pictures_of_help(usr):
+    with open(os.path.join(usr, "share/kelda/kdpuzzle.htm")) as page:
+        text = page.read()
+    pictures = re.findall(r'src="([^"]+)"', text)
+    assert pictures
+    for picture in pictures:
+        assert os.path.exists(os.path.join(usr, "share/kelda", picture))
+
+
+def run_programs(usr):
+    programs = os.path.join(usr, "bin")
+    with desktop() as folder:
+        # The dictionary is the one in the package: none is in this folder.
+        found = output(os.path.join(programs, "kelda-cli"), "find", "house",
+                       cwd=folder)
+        assert "HOUSE is word#" in found, found
+        program = Program(programs)
+        keys("ctrl+h")
+        window("^Kelda Help$")
+        keys("Escape")
+        no_box()
+        program.quit()
+
+
+def main():
+    with tempfile.TemporaryDirectory(prefix="kelda-package-") as folder:
+        package = make_package(folder)
+        check_control_data(package)
+        root = os.path.join(folder, "root")
+        output("dpkg-deb", "-x", package, root)
+        usr = os.path.join(root, "usr")
+        check_desktop_files(usr)
+        check_pictures_of_help(usr)
+        run_programs(usr)
+    print("4 passed, 0 failed")
+
+
+main()
