@@ -10,7 +10,7 @@ namespace {
 int Run(int argc, char** argv) {
   CLI::App app("Makes, checks and fills crossword puzzles.");
   app.require_subcommand(1);
-  app.set_version_flag("--version", "Kelda 1.0");
+  app.set_version_flag("--version", "Kelda " KELDA_VERSION);
   app.footer(
       "A file name of - is standard input or output, so commands chain:\n"
       "  kelda-cli layout 2x2 --size 15 | kelda-cli check -\n"
