@@ -55,14 +55,25 @@ int Board::RunFrom(int row, int column, bool across) const {
   return length;
 }
 
-// Clue numbers as they are printed: each cell where an entry starts.
+bool Board::BlocksOnly(int line, bool across) const {
+  int length = across ? width_ : height_;
+  for (int k = 0; k < length; ++k) {
+    if (across ? White(line, k) : White(k, line)) return false;
+  }
+  return length >= kShortestWord;
+}
+
+// Clue numbers as they are printed: each cell where an entry starts, and the
+// first cell of a line of blocks only.
 std::vector<std::vector<int>> Board::Number() const {
   std::vector numbers(height_, std::vector<int>(width_));
   int last = 0;
   for (int r = 0; r < height_; ++r) {
     for (int c = 0; c < width_; ++c) {
       bool starts = RunFrom(r, c, true) >= kShortestWord ||
-                    RunFrom(r, c, false) >= kShortestWord;
+                    RunFrom(r, c, false) >= kShortestWord ||
+                    (c == 0 && BlocksOnly(r, true)) ||
+                    (r == 0 && BlocksOnly(c, false));
       if (starts) numbers[r][c] = ++last;
     }
   }

@@ -60,6 +60,7 @@ class Board {
   void AddRuns(bool across, const std::vector<std::vector<int>>& numbers);
   std::vector<std::vector<int>> Number() const;
   bool White(int row, int column) const;
+  bool BlocksOnly(int line, bool across) const;
   int RunFrom(int row, int column, bool across) const;
 
   Rows rows_;

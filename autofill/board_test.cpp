@@ -28,6 +28,11 @@ TEST(Board, NumbersAndCrossesEntries) {
   for (const Entry& entry : board.Entries()) EXPECT_EQ(entry.first % 4, 0);
 }
 
+TEST(Board, LinesOfBlocksAreNumberedAsOnTheSheet) {
+  EXPECT_EQ(Names(Board({"...", "###", "..."})), "1A 3A ");
+  EXPECT_EQ(Names(Board({"###.", "###."})), "");
+}
+
 TEST(Board, CompleteEntriesAreGiven) {
   Board board({"CAT", "#.#", "#.#"});
   EXPECT_TRUE(board.Entries()[board.Find("1A")].given);
