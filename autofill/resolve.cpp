@@ -151,26 +151,27 @@ int Search::ExpandRevision(int last) {
 }
 
 void Search::Assert(Literal denied) {
-  learnt_.clear();
+  dated_.clear();
   for (int cell : learntCells_) {
-    if (learntLost_[cell]) learnt_.push_back({cell, learntLost_[cell]});
+    Literal literal{cell, learntLost_[cell]};
+    if (literal.lost) dated_.push_back({literal.Since(store_), literal});
     learntLost_[cell] = marked_[cell] = 0;
   }
   learntCells_.clear();
-  std::sort(learnt_.begin(), learnt_.end(), [&](Literal a, Literal b) {
-    return a.Since(store_) > b.Since(store_);
-  });
+  std::sort(dated_.begin(), dated_.end(),
+            [](const Dated& a, const Dated& b) { return a.since > b.since; });
+  learnt_.assign(1, denied);
   int spread = 0, last = 0, jump = 0;
-  for (Literal literal : learnt_) {
-    int level = store_.LevelOfEvent(literal.Since(store_));
+  for (const Dated& dated : dated_) {
+    learnt_.push_back(dated.literal);
+    int level = store_.LevelOfEvent(dated.since);
     if (!spread) jump = level;
     if (level != last) ++spread, last = level;
   }
   store_.BackTo(jump);
   visited_ = store_.Events().size();
   int reason = kDecision;
-  if (!learnt_.empty()) {
-    learnt_.insert(learnt_.begin(), denied);
+  if (!dated_.empty()) {
     reason = kNogood + nogoods_.Add(store_, learnt_, spread);
   }
   store_.Narrow(denied.cell, denied.lost, reason);

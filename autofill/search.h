@@ -59,6 +59,10 @@ class Search {
 
  private:
   static constexpr int kNone = -1;
+  struct Dated {
+    int since;  // the event that made the literal hold
+    Literal literal;
+  };
 
   bool PropagateAll();
   bool DiffersEnough();
@@ -66,7 +70,6 @@ class Search {
   void ExplainConflict();
   void ExplainLikeness();
   bool FindLevel();
-  void Resolve();
   Literal ResolveEvents();
   uint32_t Unmark(int event);
   void ExpandNogood(int event);
@@ -91,6 +94,7 @@ class Search {
   // The conflict being resolved.
   int level_ = 0, start_ = 0, outstanding_ = 0;
   std::vector<Literal> literals_, learnt_;
+  std::vector<Dated> dated_;  // of the earlier levels, latest first
   std::vector<uint32_t> marked_, learntLost_;  // by cell
   std::vector<int> learntCells_;
   std::vector<char> pending_;  // by event
