@@ -88,17 +88,18 @@ template <int kVectors, typename Set>
   for (int v = 0; v < vectors; ++v) {
     __builtin_memcpy(&gone[v], dead + 4 * v, sizeof gone[v]);
   }
-  ForEach(set, size, [&] [[gnu::always_inline]] (int word) {
-    const uint32_t* row = rows + static_cast<int64_t>(word) * lanes;
-    Vector met = {};
-    for (int v = 0; v < vectors; ++v) {
-      Vector letters;
-      __builtin_memcpy(&letters, row + 4 * v, sizeof letters);
-      met |= letters & gone[v];
-    }
-    out[alive] = word;
-    alive += !(met[0] | met[1] | met[2] | met[3]);
-  });
+  ForEach(
+      set, size, [&](int word) __attribute__((always_inline)) {
+        const uint32_t* row = rows + static_cast<int64_t>(word) * lanes;
+        Vector met = {};
+        for (int v = 0; v < vectors; ++v) {
+          Vector letters;
+          __builtin_memcpy(&letters, row + 4 * v, sizeof letters);
+          met |= letters & gone[v];
+        }
+        out[alive] = word;
+        alive += !(met[0] | met[1] | met[2] | met[3]);
+      });
   return alive;
 }
 
