@@ -56,8 +56,8 @@ class Explainer {
   int size_ = 0;
   const LengthTable* table_ = nullptr;
   int first_ = 0;
-  uint32_t killed_[(kLongestWord + 3) / 4 *
-                   4];  // letters that chosen literals rule out
+  // Letters that the known and the chosen literals rule out, by place.
+  uint32_t killed_[(kLongestWord + 3) / 4 * 4];
 };
 
 }  // namespace autofill

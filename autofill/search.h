@@ -95,7 +95,8 @@ class Search {
   int level_ = 0, start_ = 0, outstanding_ = 0;
   std::vector<Literal> literals_, learnt_;
   std::vector<Dated> dated_;  // of the earlier levels, latest first
-  std::vector<uint32_t> marked_, learntLost_;  // by cell
+  // Letters by cell: all of the conflict, and those gone at earlier levels.
+  std::vector<uint32_t> marked_, learntLost_;
   std::vector<int> learntCells_;
   std::vector<char> pending_;  // by event
 };
