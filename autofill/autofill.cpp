@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <map>
 #include <numeric>
 #include <stdexcept>
@@ -155,7 +156,9 @@ std::string BestResult::Text() const {
   std::string text = "lowest score " + std::to_string(fill.lowestScore);
   if (tried <= fill.lowestScore) return text;
   return text + "; " + std::to_string(tried) +
-         (proved ? " is impossible" : " not decided");
+         (proved ? " is impossible"
+                 : " not decided in " +
+                       std::to_string(std::lround(fill.seconds)) + " s");
 }
 
 BestResult FillBest(const Rows& problem, const WordList& words,

@@ -46,6 +46,7 @@ bool Search::PropagateAll() {
 
 // As soon as too many entries have the words of an earlier fill, it fails.
 bool Search::DiffersEnough() {
+  if (settings_.earlier.empty()) return true;
   int ours = 0;
   for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
     ours += store_.Ours(e);

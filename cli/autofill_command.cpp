@@ -5,6 +5,7 @@
 #include <iomanip>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 
 #include "cli/autofill_lists.h"
@@ -80,8 +81,7 @@ std::string_view NameOf(Status status) {
 }
 
 // "puzzle.kdp: filled, lowest score 50, mean 50.0; 121 nodes, ..."
-std::string LineOf(const std::string& name, const Arguments& arguments,
-                   const Report& report) {
+std::string LineOf(const std::string& name, const Report& report) {
   const Result& result = report.result;
   std::ostringstream line;
   line << name << ": " << NameOf(result.status) << std::fixed;
@@ -93,8 +93,8 @@ std::string LineOf(const std::string& name, const Arguments& arguments,
   if (result.status == Status::Filled)
     line << ", mean " << std::setprecision(1) << result.meanScore;
   if (result.status == Status::Stopped)
-    line << ", not decided in " << std::setprecision(0)
-         << arguments.options.seconds << " s";
+    line << ", not decided in " << std::setprecision(0) << result.seconds
+         << " s";
   if (!result.why.empty() && result.status != Status::Filled)
     line << ": " << result.why;
   const auto& statistics = result.statistics;
@@ -129,13 +129,20 @@ ordered_json JsonOf(const std::string& name, const Arguments& arguments,
   return json;
 }
 
-// Where a fill goes: OUT, or with several puzzles OUT/name; the second and
-// later fills of a puzzle get "-2" and so on.
+bool IntoFolder(const Arguments& arguments) {
+  std::error_code error;
+  return arguments.out != "-" &&
+         (arguments.puzzles.size() > 1 || arguments.out.ends_with('/') ||
+          std::filesystem::is_directory(arguments.out, error));
+}
+
+// Where a fill goes: OUT, or in a folder OUT/name; the second and later fills
+// of a puzzle get "-2" and so on.
 std::string OutputPath(const Arguments& arguments, const std::string& name,
                        size_t fill) {
   namespace fs = std::filesystem;
   fs::path path = arguments.out;
-  if (arguments.puzzles.size() > 1) path /= fs::path(name).filename();
+  if (IntoFolder(arguments)) path /= fs::path(name).filename();
   if (fill == 0) return path.string();
   const std::string stem = path.stem().string();
   return path
@@ -172,7 +179,7 @@ int RunPuzzle(const Arguments& arguments, const std::string& name,
     if (arguments.json)
       out << JsonOf(name, arguments, report) << std::endl;
     else
-      out << LineOf(name, arguments, report) << std::endl;
+      out << LineOf(name, report) << std::endl;
     if (!arguments.out.empty())
       WriteFills(arguments, name, puzzle.title, report);
     else if (!arguments.json)
@@ -188,16 +195,26 @@ int RunPuzzle(const Arguments& arguments, const std::string& name,
   return kFileFailed;
 }
 
+// No puzzle's fill may take the place of another's.
+void PrepareFolder(const Arguments& arguments) {
+  namespace fs = std::filesystem;
+  std::set<fs::path> names;
+  for (const std::string& puzzle : arguments.puzzles) {
+    const fs::path name = fs::path(puzzle).filename();
+    if (!names.insert(name).second)
+      throw FileError(arguments.out + ": two puzzles have the name " +
+                      name.string());
+  }
+  std::error_code error;
+  fs::create_directories(arguments.out, error);
+  if (!fs::is_directory(arguments.out, error))
+    throw FileError(arguments.out + ": no folder can be made here");
+}
+
 int RunAutofill(const Arguments& arguments) {
   std::signal(SIGINT, [](int) { interrupted = 1; });
   const autofill::WordList words = LoadLists(arguments.lists);
-  if (arguments.puzzles.size() > 1 && !arguments.out.empty() &&
-      arguments.out != "-") {
-    std::error_code error;
-    std::filesystem::create_directories(arguments.out, error);
-    if (!std::filesystem::is_directory(arguments.out))
-      throw FileError(arguments.out + ": no folder can be made here");
-  }
+  if (!arguments.out.empty() && IntoFolder(arguments)) PrepareFolder(arguments);
   int status = kDone;
   for (const std::string& puzzle : arguments.puzzles) {
     status =
@@ -237,7 +254,8 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
                   "No two entries share so many letters in a row")
       ->check(CLI::Range(2, 51));
   command.add_option("-o,--output", arguments.out,
-                     "Puzzle file to write; a folder with several puzzles");
+                     "Puzzle file to write, or a folder; with several puzzles "
+                     "always a folder");
   command.add_flag("--json", arguments.json, "A JSON object for each puzzle");
 }
 

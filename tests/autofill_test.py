@@ -46,6 +46,11 @@ def check_files(folder):
         for old, new in zip(before[1:], filled[1:], strict=True):
             assert all(a == b or a == "." and b.isalpha()
                        for a, b in zip(old, new, strict=True))
+    # A single puzzle goes into a folder too, as the last one of a job may be.
+    alone = folder / "alone"
+    run("autofill", puzzles[0], "-o", f"{alone}/")
+    assert (alone / puzzles[0].name).read_bytes() == (
+        out / puzzles[0].name).read_bytes()
 
 
 def check_outcomes(folder):
@@ -73,6 +78,11 @@ def check_errors(folder):
     run("autofill", folder / "none.kdp", status=3)
     letters = puzzle(folder, "bad.kdp", ["+..", "...", "..."])
     run("autofill", letters, status=3)
+    other = folder / "other"
+    other.mkdir()
+    done = run("autofill", letters, puzzle(other, "bad.kdp", ["..."]), "-o",
+               folder / "out", status=3)
+    assert "two puzzles have the name bad.kdp" in done.stderr, done
     empty = folder / "empty.txt"
     empty.write_text("")
     run("autofill", letters, "-w", empty, status=3)
