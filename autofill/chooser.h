@@ -3,8 +3,8 @@
 // The entry with the fewest words for its weight comes first, dom/wdeg
 // (Boussemart et al. 2004, "Boosting systematic search by weighting
 // constraints"); the entries that explain conflicts gain weight, newer
-// conflicts count more.  The word is the best by score, then by how many
-// words it leaves the crossings; a word that an entry had before comes
+// conflicts count more.  The word is the best by score, weighed against how
+// many words it leaves the crossings; a word that an entry had before comes
 // first (Pipatsrisawat and Darwiche 2007, "A lightweight component caching
 // scheme for satisfiability solvers").
 
