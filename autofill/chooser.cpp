@@ -10,21 +10,36 @@ constexpr int kCandidates = 256;
 constexpr double kUncrossed = 1e300;  // such a cell comes last
 constexpr float kNoise = 0.5;
 constexpr float kScoreWeight = 0.3f;  // a point against a factor of e^0.3
+constexpr int kSliceOfWords = 1 << 14;
+constexpr double kUrgency = 0.3;  // the power of an entry's weight
 
 Chooser::Chooser(const Store& store, uint64_t seed,
                  const std::vector<std::vector<int>>& earlier)
     : store_(store),
       earlier_(earlier),
       random_(seed),
-      weights_(store.GetBoard().EntryCount(), 1.0),
+      weights_(store.GetBoard().EntryCount()),
+      beliefWeights_(store.GetBoard().EntryCount()),
       kept_(store.GetBoard().EntryCount(), -1),
-      candidates_(kCandidates) {}
+      candidates_(kCandidates),
+      beliefs_(store, seed),
+      urgency_(store.GetBoard().EntryCount()) {}
+
+void Weights::Bump(int entry) {
+  values_[entry] += increment_;
+  if (values_[entry] < 1e100) return;
+  for (double& value : values_) value *= 1e-100;
+  increment_ *= 1e-100;
+}
 
 void Chooser::Bump(int entry) {
-  weights_[entry] += increment_;
-  if (weights_[entry] < 1e100) return;
-  for (double& weight : weights_) weight *= 1e-100;
-  increment_ *= 1e-100;
+  weights_.Bump(entry);
+  if (useBeliefs_) beliefWeights_.Bump(entry);
+}
+
+void Chooser::Decay() {
+  weights_.Decay();
+  if (useBeliefs_) beliefWeights_.Decay();
 }
 
 void Chooser::KeepWords() {
@@ -43,7 +58,12 @@ bool Chooser::Fits(int entry, int word) const {
   return store_.Has(entry, word);
 }
 
+bool Chooser::Prepare() {
+  return !useBeliefs_ || beliefs_.Settle(kSliceOfWords);
+}
+
 bool Chooser::Next(Literal& literal) {
+  if (useBeliefs_ && SurestLetter(literal)) return true;
   if (entry_ < 0 || store_.Done(entry_) || !Fits(entry_, word_)) {
     entry_ = NextEntry();
     if (entry_ < 0) return false;
@@ -55,6 +75,27 @@ bool Chooser::Next(Literal& literal) {
   literal = {store_.GetBoard().CellOf(position),
              kAllLetters & ~store_.TableOf(entry_).Row(word_)[offset]};
   return true;
+}
+
+// Only of cells that two of our entries cross.
+bool Chooser::SurestLetter(Literal& literal) {
+  const Board& board = store_.GetBoard();
+  for (int e = 0; e < board.EntryCount(); ++e) {
+    urgency_[e] = static_cast<float>(std::pow(beliefWeights_[e], kUrgency));
+  }
+  float bestValue = 0;
+  for (int p = 0; p < board.PositionCount(); ++p) {
+    int partner = beliefs_.Partner(p);
+    if (partner < p || std::has_single_bit(store_.LettersAt(p))) continue;
+    if (!store_.Ours(board.EntryOf(p))) continue;
+    Beliefs::Guess guess = beliefs_.Likeliest(p);
+    float value = guess.chance * (urgency_[board.EntryOf(p)] +
+                                  urgency_[board.EntryOf(partner)]);
+    if (value <= bestValue) continue;
+    bestValue = value;
+    literal = {board.CellOf(p), kAllLetters & ~(1u << guess.letter)};
+  }
+  return bestValue > 0;
 }
 
 int Chooser::NextEntry() const {

@@ -31,7 +31,7 @@ void Explainer::Explain(const Question& question,
     killed_[p] = question.known[store_.GetBoard().CellOf(first_ + p)];
   }
   FindFixed(question);
-  Store::RootSet root = store_.RootOf(question.entry);
+  WordView root = store_.RootOf(question.entry);
   if (root.list) {
     StartList(question);
   } else {
@@ -75,7 +75,7 @@ void Explainer::StartBits(const Question& question) {
 }
 
 void Explainer::StartList(const Question& question) {
-  Store::RootSet root = store_.RootOf(question.entry);
+  WordView root = store_.RootOf(question.entry);
   list_.resize(root.size);
   list_.resize(CollectAlive(root.list, root.size, table_->rows.data(),
                             table_->lanes, killed_, list_.data()));

@@ -1,7 +1,10 @@
 #include "autofill/kernels.h"
 
+#include <algorithm>
 #include <bit>
 #include <utility>
+
+#include "autofill/word_list.h"
 
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
 #define KELDA_CLONES __attribute__((target_clones("avx2", "default")))
@@ -121,7 +124,72 @@ template <typename Set>
   }
 }
 
+// Every other word has sums of its own: neighbours often share letters, and an
+// addition would wait for the one before.
+template <int kPlaces, typename Set>
+[[gnu::always_inline]] inline void Weigh(const Weighing& weighing,
+                                         const Set* set, int size,
+                                         float* sums) {
+  int places = kPlaces ? kPlaces : weighing.count;
+  float others[(kPlaces ? kPlaces : kLongestWord) * kLetterStride];
+  std::fill_n(others, places * kLetterStride, 0.0f);
+  float *now = sums, *next = others;
+  ForEach(
+      set, size, [&](int word) __attribute__((always_inline)) {
+        const uint8_t* letters =
+            weighing.letters + static_cast<int64_t>(word) * weighing.length;
+        float value = weighing.priors[weighing.scores[word]];
+        for (int i = 0; i < places; ++i) {
+          int letter = letters[weighing.places[i]];
+          value *= weighing.weights[i * kLetterStride + letter];
+        }
+        for (int i = 0; i < places; ++i) {
+          int letter = letters[weighing.places[i]];
+          now[i * kLetterStride + letter] += value;
+        }
+        std::swap(now, next);
+      });
+  for (int i = 0; i < places * kLetterStride; ++i) sums[i] += others[i];
+}
+
+template <typename Set>
+[[gnu::always_inline]] inline void WeighByPlaces(const Weighing& weighing,
+                                                 const Set* set, int size,
+                                                 float* sums) {
+  switch (weighing.count) {
+    case 2:
+      return Weigh<2>(weighing, set, size, sums);
+    case 3:
+      return Weigh<3>(weighing, set, size, sums);
+    case 4:
+      return Weigh<4>(weighing, set, size, sums);
+    case 5:
+      return Weigh<5>(weighing, set, size, sums);
+    case 6:
+      return Weigh<6>(weighing, set, size, sums);
+    case 7:
+      return Weigh<7>(weighing, set, size, sums);
+    case 8:
+      return Weigh<8>(weighing, set, size, sums);
+    case 9:
+      return Weigh<9>(weighing, set, size, sums);
+    case 10:
+      return Weigh<10>(weighing, set, size, sums);
+    default:
+      return Weigh<0>(weighing, set, size, sums);
+  }
+}
+
 }  // namespace
+
+KELDA_CLONES
+void AddWeights(const Weighing& weighing, const WordView& words, float* sums) {
+  if (words.list) {
+    WeighByPlaces(weighing, words.list, words.size, sums);
+  } else {
+    WeighByPlaces(weighing, words.bits, words.blocks, sums);
+  }
+}
 
 KELDA_CLONES
 int CollectAlive(const uint64_t* set, int blocks, const uint32_t* rows,

@@ -37,6 +37,33 @@ struct RowFilter {
 // stay.  Returns how many stay.
 int FilterList(const RowFilter& filter, int* list, int count, uint32_t* united);
 
+// Words of one length: a list of so many, or else a bitset of so many blocks.
+struct WordView {
+  int size;
+  const int* list;
+  const uint64_t* bits;
+  int blocks;
+};
+
+// Values by letter take so much room.
+constexpr int kLetterStride = 32;
+
+// How much a word counts: the prior of its score, times a weight for its
+// letter at each of `count` places, by i * kLetterStride + letter for the i-th.
+struct Weighing {
+  const uint8_t* letters;  // by word * length + place
+  int length;
+  const uint8_t* scores;  // by word
+  const float* priors;    // by score
+  const uint8_t* places;
+  int count;
+  const float* weights;
+};
+
+// Adds what each word counts to the sums of its letters, laid out like the
+// weights.
+void AddWeights(const Weighing& weighing, const WordView& words, float* sums);
+
 // Appends to `out` the words of a bitset, or of list[0..count), of whose rows
 // no letter is in `dead` (`lanes` long).  Returns how many.
 int CollectAlive(const uint64_t* set, int blocks, const uint32_t* rows,

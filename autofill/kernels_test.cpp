@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <set>
 
 #include "autofill/testing.h"
@@ -142,6 +143,48 @@ RC_GTEST_PROP(Kernels, FilterListAsWordByWord, (unsigned seed)) {
   // The others are still there, behind.
   std::sort(list.begin(), list.end());
   RC_ASSERT(list == words.list);
+}
+
+RC_GTEST_PROP(Kernels, AddWeightsAsWordByWord, (unsigned seed)) {
+  std::mt19937_64 random(seed);
+  Words words(random);
+  std::vector<uint8_t> letters, scores(words.count), places;
+  for (int word = 0; word < words.count; ++word) {
+    for (int p = 0; p < words.length; ++p) {
+      letters.push_back(static_cast<uint8_t>(
+          std::countr_zero(words.rows[word * words.lanes + p])));
+    }
+    scores[word] = random() % 2;
+  }
+  for (int p = 0; p < words.length; ++p) {
+    if (random() % 3) places.push_back(static_cast<uint8_t>(p));
+  }
+  std::vector<float> weights(places.size() * kLetterStride);
+  for (float& weight : weights) weight = static_cast<float>(random() % 3);
+  const float priors[] = {1, 0.5f};
+  std::vector<float> wanted(weights.size());
+  Bits bits(2);
+  for (int word : words.list) {
+    bits[word / 64] |= uint64_t{1} << word % 64;
+    auto slot = [&](size_t i) {
+      return i * kLetterStride + letters[word * words.length + places[i]];
+    };
+    float value = priors[scores[word]];
+    for (size_t i = 0; i < places.size(); ++i) value *= weights[slot(i)];
+    for (size_t i = 0; i < places.size(); ++i) wanted[slot(i)] += value;
+  }
+  int size = static_cast<int>(words.list.size());
+  for (WordView view : {WordView{size, words.list.data(), nullptr, 0},
+                        WordView{size, nullptr, bits.data(), 2}}) {
+    std::vector<float> sums(weights.size());
+    AddWeights({letters.data(), words.length, scores.data(), priors,
+                places.data(), static_cast<int>(places.size()),
+                weights.data()},
+               view, sums.data());
+    for (size_t i = 0; i < sums.size(); ++i) {
+      RC_ASSERT(std::abs(sums[i] - wanted[i]) <= 1e-5f * wanted[i]);
+    }
+  }
 }
 
 }  // namespace

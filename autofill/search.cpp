@@ -8,6 +8,7 @@ namespace autofill {
 constexpr int kNogoodMemory = 1 << 22;
 constexpr int kRestartUnit = 100;
 constexpr int kMoreNogoods = 300;
+constexpr int kFailsBeforeBeliefs = 1000;
 
 Search::Search(const Board& board, const WordList& words,
                const Settings& settings)
@@ -71,6 +72,7 @@ bool Search::Propagate() {
 void Search::Rewind() {
   chooser_.KeepWords();
   store_.BackTo(0);
+  chooser_.Rewind();
   visited_ = std::min(visited_, store_.Events().size());
 }
 
@@ -125,6 +127,7 @@ Outcome Search::Run(int64_t work, const std::function<bool()>& stop) {
       nogoods_.Reduce(store_);
       nogoodLimit_ += kMoreNogoods;
     }
+    if (!chooser_.Prepare()) continue;
     Literal literal;
     if (!chooser_.Next(literal)) return Outcome::Filled;
     ++statistics_.nodes;
@@ -153,6 +156,11 @@ void Search::Restart() {
   nextRestart_ =
       statistics_.fails + kRestartUnit * Luby(statistics_.restarts + 1);
   Rewind();
+  workBy_[byBeliefs_] += Work() - counted_;
+  counted_ = Work();
+  byBeliefs_ = statistics_.fails >= kFailsBeforeBeliefs &&
+               workBy_[true] <= workBy_[false];
+  chooser_.UseBeliefs(byBeliefs_);
 }
 
 }  // namespace autofill

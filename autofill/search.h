@@ -5,7 +5,9 @@
 // Silva and Sakallah 1999, "GRASP"), over explanations of word sets (lazy
 // clause generation: Ohrimenko, Stuckey and Codish 2009, "Propagation via
 // lazy clause generation").  Restarts follow Luby, Sinclair and Zuckerman
-// 1993 and keep the nogoods, the weights and the words.
+// 1993 and keep the nogoods, the weights and the words.  The first restarts
+// choose by entries, which is enough for most grids; after that half of the
+// work is by beliefs.
 
 #pragma once
 
@@ -52,7 +54,9 @@ class Search {
   std::vector<int> Words() const;
   Rows Text() const;
 
-  int64_t Work() const { return store_.revisions + 8 * statistics_.fails; }
+  int64_t Work() const {
+    return store_.revisions + 8 * statistics_.fails + chooser_.Work();
+  }
   SearchStatistics Statistics() const;
   const Store& State() const { return store_; }
   const Chooser& Choices() const { return chooser_; }
@@ -90,6 +94,9 @@ class Search {
   // The conflict: an entry, or a fill that is too like, or a nogood.
   int failedEntry_ = kNone, failedFill_ = kNone;
   int64_t nextRestart_ = 0;
+  // Work before the last restart, by entries and by beliefs.
+  int64_t workBy_[2] = {0, 0}, counted_ = 0;
+  bool byBeliefs_ = false;
   int nogoodLimit_ = 1000;
   // The conflict being resolved.
   int level_ = 0, start_ = 0, outstanding_ = 0;

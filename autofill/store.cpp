@@ -106,10 +106,16 @@ void Store::KeepRoot() {
   }
 }
 
-Store::RootSet Store::RootOf(int entry) const {
+WordView Store::WordsOf(int entry) const {
   const WordSet& set = sets_[entry];
-  if (set.rootListed) return {&lists_[set.list], set.rootSize, nullptr};
-  return {nullptr, set.rootSize, &rootBits_[set.bits]};
+  if (set.listed) return {set.size, &lists_[set.list], nullptr, 0};
+  return {set.size, nullptr, &bits_[set.bits], tables_[entry]->blocks};
+}
+
+WordView Store::RootOf(int entry) const {
+  const WordSet& set = sets_[entry];
+  if (set.rootListed) return {set.rootSize, &lists_[set.list], nullptr, 0};
+  return {set.rootSize, nullptr, &rootBits_[set.bits], tables_[entry]->blocks};
 }
 
 void Store::BackTo(int level) {

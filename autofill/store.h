@@ -85,14 +85,9 @@ class Store {
   int CopyWords(int entry, int limit, int* out) const;
   // How many words of the entry have each letter at a position.
   void CountLetters(int entry, int position, int* counts) const;
-
-  // What level 0 left of an entry: a list, or else a bitset.
-  struct RootSet {
-    const int* list;
-    int size;
-    const uint64_t* bits;
-  };
-  RootSet RootOf(int entry) const;
+  WordView WordsOf(int entry) const;
+  // What level 0 left of an entry.
+  WordView RootOf(int entry) const;
 
   const Board& GetBoard() const { return board_; }
   int Shared() const { return limits_.shared; }
