@@ -8,7 +8,8 @@ namespace autofill {
 constexpr int kNogoodMemory = 1 << 22;
 constexpr int kRestartUnit = 100;
 constexpr int kMoreNogoods = 300;
-constexpr int kFailsBeforeBeliefs = 1000;
+constexpr int kFailsBeforeBeliefs = 600;
+constexpr int kBeliefsShare = 2;  // to one of choosing by entries
 
 Search::Search(const Board& board, const WordList& words,
                const Settings& settings)
@@ -159,7 +160,7 @@ void Search::Restart() {
   workBy_[byBeliefs_] += Work() - counted_;
   counted_ = Work();
   byBeliefs_ = statistics_.fails >= kFailsBeforeBeliefs &&
-               workBy_[true] <= workBy_[false];
+               workBy_[true] <= kBeliefsShare * workBy_[false];
   chooser_.UseBeliefs(byBeliefs_);
 }
 

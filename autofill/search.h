@@ -6,8 +6,8 @@
 // clause generation: Ohrimenko, Stuckey and Codish 2009, "Propagation via
 // lazy clause generation").  Restarts follow Luby, Sinclair and Zuckerman
 // 1993 and keep the nogoods, the weights and the words.  The first restarts
-// choose by entries, which is enough for most grids; after that half of the
-// work is by beliefs.
+// choose by entries, which is enough for most grids; after that two
+// thirds of the work are by beliefs.
 
 #pragma once
 
