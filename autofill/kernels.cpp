@@ -131,22 +131,24 @@ template <int kPlaces, typename Set>
                                          const Set* set, int size,
                                          float* sums) {
   int places = kPlaces ? kPlaces : weighing.count;
-  float others[(kPlaces ? kPlaces : kLongestWord) * kLetterStride];
+  constexpr int kMost = kPlaces ? kPlaces : kLongestWord;
+  float others[kMost * kLetterStride];
   std::fill_n(others, places * kLetterStride, 0.0f);
   float *now = sums, *next = others;
+  // Copied, as the sums might else be thought to overlap with them.
+  uint8_t place[kMost];
+  std::copy_n(weighing.places, places, place);
   ForEach(
       set, size, [&](int word) __attribute__((always_inline)) {
         const uint8_t* letters =
             weighing.letters + static_cast<int64_t>(word) * weighing.length;
         float value = weighing.priors[weighing.scores[word]];
+        int slot[kMost];
         for (int i = 0; i < places; ++i) {
-          int letter = letters[weighing.places[i]];
-          value *= weighing.weights[i * kLetterStride + letter];
+          slot[i] = i * kLetterStride + letters[place[i]];
+          value *= weighing.weights[slot[i]];
         }
-        for (int i = 0; i < places; ++i) {
-          int letter = letters[weighing.places[i]];
-          now[i * kLetterStride + letter] += value;
-        }
+        for (int i = 0; i < places; ++i) now[slot[i]] += value;
         std::swap(now, next);
       });
   for (int i = 0; i < places * kLetterStride; ++i) sums[i] += others[i];
