@@ -108,11 +108,12 @@ void Beliefs::Tell(int entry) {
     places[count++] = static_cast<uint8_t>(p);
   }
   std::fill_n(sums, count * kLetterStride, 0.0f);
-  AddWeights({table.letters.data(), table.length, table.scores.data(),
-              Priors(), places, count, weights},
+  AddWeights({table.letters.data(), table.length, table.scores.data(), Priors(),
+              places, count, weights},
              store_.WordsOf(entry), sums);
   for (int i = 0; i < count; ++i) {
-    Send(first + places[i], weights + i * kLetterStride, sums + i * kLetterStride);
+    Send(first + places[i], weights + i * kLetterStride,
+         sums + i * kLetterStride);
   }
   wordsRead_ += store_.SizeOf(entry);
   told_[entry] = {store_.SizeOf(entry), 0};

@@ -49,7 +49,8 @@ class Beliefs {
 
   const Store& store_;
   std::vector<int> partner_;
-  std::vector<float> messages_, rootMessages_;  // by position * kLetterStride + letter
+  // By position * kLetterStride + letter.
+  std::vector<float> messages_, rootMessages_;
   std::vector<Told> told_, rootTold_;
   int64_t wordsRead_ = 0;
   // The pass over the entries that is under way.

@@ -74,11 +74,11 @@ class Chooser {
   const std::vector<std::vector<int>>& earlier_;
   std::mt19937_64 random_;
   Weights weights_, beliefWeights_;  // these only of conflicts by beliefs
-  std::vector<int> kept_;  // by entry, a word or -1
+  std::vector<int> kept_;            // by entry, a word or -1
   std::vector<int> candidates_;
   Beliefs beliefs_;
   bool useBeliefs_ = false;
-  std::vector<float> urgency_;  // by entry
+  std::vector<float> urgency_;             // by entry
   float support_[kLongestWord][kLetters];  // logarithms
   int entry_ = -1, word_ = -1;             // what is being tried
 };

@@ -178,8 +178,7 @@ RC_GTEST_PROP(Kernels, AddWeightsAsWordByWord, (unsigned seed)) {
                         WordView{size, nullptr, bits.data(), 2}}) {
     std::vector<float> sums(weights.size());
     AddWeights({letters.data(), words.length, scores.data(), priors,
-                places.data(), static_cast<int>(places.size()),
-                weights.data()},
+                places.data(), static_cast<int>(places.size()), weights.data()},
                view, sums.data());
     for (size_t i = 0; i < sums.size(); ++i) {
       RC_ASSERT(std::abs(sums[i] - wanted[i]) <= 1e-5f * wanted[i]);
