@@ -173,7 +173,7 @@ void PrintFills(const Report& report) {
 int RunPuzzle(const Arguments& arguments, const std::string& name,
               const autofill::WordList& words) {
   try {
-    const Puzzle puzzle = ReadPuzzle(name);
+    const Puzzle puzzle = ReadPuzzleOrGrid(name);
     const Report report = Run(arguments, RowsOf(puzzle), words);
     std::ostream& out = arguments.out == "-" ? std::cerr : std::cout;
     if (arguments.json)
@@ -226,7 +226,10 @@ int RunAutofill(const Arguments& arguments) {
 
 void AddOptions(CLI::App& command, Arguments& arguments) {
   autofill::Options& options = arguments.options;
-  command.add_option("PUZZLE", arguments.puzzles, "Puzzle files")->required();
+  command
+      .add_option("PUZZLE", arguments.puzzles,
+                  "Puzzle files, or rows of a grid")
+      ->required();
   AddListOption(command, arguments.lists);
   command.add_option("--time", options.seconds, "Seconds for each puzzle")
       ->check(CLI::Range(0.0, 1e6))

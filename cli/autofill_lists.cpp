@@ -1,5 +1,6 @@
 #include "cli/autofill_lists.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -66,6 +67,23 @@ autofill::WordList LoadLists(const std::vector<std::string>& lists) {
   if (words.Count() == 0)
     throw FileError("the word lists hold no word of 3 to 51 letters");
   return words;
+}
+
+Puzzle ReadPuzzleOrGrid(const std::string& path) {
+  Puzzle puzzle = ReadPuzzle(path);
+  std::string row = puzzle.title;
+  const bool isRow =
+      static_cast<int>(row.size()) == puzzle.size &&
+      row.find_first_not_of("#.ABCDEFGHIJKLMNOPQRSTUVWXYZ") == row.npos &&
+      row.find_first_of("#.") != row.npos;
+  const std::string missing(puzzle.size, kEmptyCell);
+  if (!isRow || puzzle.cells.back() != missing) return puzzle;
+  std::replace(row.begin(), row.end(), '.', kEmptyCell);
+  std::replace(row.begin(), row.end(), '#', kBlackSquare);
+  puzzle.cells.insert(puzzle.cells.begin(), row);
+  puzzle.cells.pop_back();
+  puzzle.title.clear();
+  return puzzle;
 }
 
 autofill::Rows RowsOf(const Puzzle& puzzle) {

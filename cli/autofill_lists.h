@@ -19,6 +19,8 @@ void AddListOption(CLI::App& command, std::vector<std::string>& lists);
 // error.  Throws FileError when one can't be read or no word is left.
 autofill::WordList LoadLists(const std::vector<std::string>& lists);
 
+// A puzzle file, or only the rows of a grid, which then have no title.
+Puzzle ReadPuzzleOrGrid(const std::string& path);
 autofill::Rows RowsOf(const Puzzle& puzzle);
 // The text of a puzzle file.
 std::string PuzzleText(const std::string& title, const autofill::Rows& rows);

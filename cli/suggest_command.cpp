@@ -19,7 +19,7 @@ struct Arguments {
 };
 
 int RunSuggest(const Arguments& arguments) {
-  const Puzzle puzzle = ReadPuzzle(arguments.puzzle);
+  const Puzzle puzzle = ReadPuzzleOrGrid(arguments.puzzle);
   const autofill::WordList words = LoadLists(arguments.lists);
   autofill::Suggestions found;
   try {
@@ -59,7 +59,10 @@ void AddSuggestCommand(CLI::App& app, int& status) {
       "Each line has a word, its score, and how many words it leaves the\n"
       "crossing that has the fewest.\n"
       "Example: kelda-cli suggest puzzle.kdp 17A -w words.txt --limit 50");
-  command->add_option("PUZZLE", arguments->puzzle, "Puzzle file")->required();
+  command
+      ->add_option("PUZZLE", arguments->puzzle,
+                   "Puzzle file, or rows of a grid")
+      ->required();
   command->add_option("ENTRY", arguments->entry, "Clue, for example 17A")
       ->required()
       ->transform([](std::string text) {

@@ -52,6 +52,12 @@ def check_files(folder):
     assert (alone / puzzles[0].name).read_bytes() == (
         out / puzzles[0].name).read_bytes()
 
+    # Only the rows of the grid do as well; the first is no title.
+    bare = run("autofill", GRIDS / f"{names[0]}.txt", "--json")
+    titled = run("autofill", puzzles[0], "--json")
+    assert (json.loads(bare.stdout)["fills"] ==
+            json.loads(titled.stdout)["fills"])
+
 
 def check_outcomes(folder):
     words = folder / "words.txt"
