@@ -17,7 +17,8 @@ constexpr float kTolerancePerWord = 0.0002f;
 constexpr float kLeast = 1e-4f;  // no letter counts less: messages can err
 constexpr float kScorePrior = 0.05f;
 
-// A point counts for a factor of e to the kScorePrior.
+// A point counts for a factor of e to the kScorePrior: less than where entries
+// are chosen, as who needs beliefs wants a fill first of all.
 static const float* Priors() {
   static const auto priors = [] {
     std::array<float, kBestScore + 1> values;

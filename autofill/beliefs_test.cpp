@@ -12,13 +12,6 @@
 namespace autofill {
 namespace {
 
-bool PropagateAll(Store& store) {
-  for (int e; (e = store.TakeEntry()) >= 0;) {
-    if (!store.Revise(e)) return false;
-  }
-  return true;
-}
-
 // The positions of crossings that aren't fixed.
 std::vector<int> OpenCrossings(const Store& store, const Beliefs& beliefs) {
   std::vector<int> positions;

@@ -45,6 +45,7 @@ class Chooser {
 
   // To be told at level 0 only.
   void UseBeliefs(bool use) { useBeliefs_ = use; }
+  bool UsesBeliefs() const { return useBeliefs_; }
   // Does a slice of the work that the next choice needs; says whether that
   // was the last.
   bool Prepare();

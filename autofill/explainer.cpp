@@ -77,8 +77,8 @@ void Explainer::StartBits(const Question& question) {
 void Explainer::StartList(const Question& question) {
   WordView root = store_.RootOf(question.entry);
   list_.resize(root.size);
-  list_.resize(CollectAlive(root.list, root.size, table_->rows.data(),
-                            table_->lanes, killed_, list_.data()));
+  list_.resize(CollectAlive(root, table_->rows.data(), table_->lanes, killed_,
+                            list_.data()));
   size_ = -1;
   if (!question.asked) return;
   std::erase_if(list_, [&](int word) {
@@ -142,8 +142,9 @@ void Explainer::AddFixed() {
 
 void Explainer::ReadWords() {
   list_.resize(size_);
-  list_.resize(CollectAlive(bits_.data(), table_->blocks, table_->rows.data(),
-                            table_->lanes, killed_, list_.data()));
+  list_.resize(CollectAlive({size_, nullptr, bits_.data(), table_->blocks},
+                            table_->rows.data(), table_->lanes, killed_,
+                            list_.data()));
 }
 
 // Each word that is left: by its letter that went first.

@@ -60,9 +60,7 @@ bool Suffices(const Board& board, const WordList& list,
     if (!left) return true;
     fresh.Narrow(c, left, kDecision);
   }
-  for (int e; (e = fresh.TakeEntry()) >= 0;) {
-    if (!fresh.Revise(e)) return true;
-  }
+  if (!PropagateAll(fresh)) return true;
   if (!question.asked) return false;
   int first = board.Entries()[question.entry].first;
   for (int p = 0; p < board.Entries()[question.entry].length; ++p) {

@@ -194,15 +194,11 @@ void AddWeights(const Weighing& weighing, const WordView& words, float* sums) {
 }
 
 KELDA_CLONES
-int CollectAlive(const uint64_t* set, int blocks, const uint32_t* rows,
-                 int lanes, const uint32_t* dead, int* out) {
-  return CollectByLanes(set, blocks, rows, lanes, dead, out);
-}
-
-KELDA_CLONES
-int CollectAlive(const int* list, int count, const uint32_t* rows, int lanes,
+int CollectAlive(const WordView& words, const uint32_t* rows, int lanes,
                  const uint32_t* dead, int* out) {
-  return CollectByLanes(list, count, rows, lanes, dead, out);
+  return words.list
+             ? CollectByLanes(words.list, words.size, rows, lanes, dead, out)
+             : CollectByLanes(words.bits, words.blocks, rows, lanes, dead, out);
 }
 
 KELDA_CLONES

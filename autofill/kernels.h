@@ -64,11 +64,9 @@ struct Weighing {
 // weights.
 void AddWeights(const Weighing& weighing, const WordView& words, float* sums);
 
-// Appends to `out` the words of a bitset, or of list[0..count), of whose rows
-// no letter is in `dead` (`lanes` long).  Returns how many.
-int CollectAlive(const uint64_t* set, int blocks, const uint32_t* rows,
-                 int lanes, const uint32_t* dead, int* out);
-int CollectAlive(const int* list, int count, const uint32_t* rows, int lanes,
+// Appends to `out` the words of whose rows no letter is in `dead` (`lanes`
+// long).  Returns how many.
+int CollectAlive(const WordView& words, const uint32_t* rows, int lanes,
                  const uint32_t* dead, int* out);
 
 }  // namespace autofill

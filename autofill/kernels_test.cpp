@@ -103,12 +103,10 @@ RC_GTEST_PROP(Kernels, CollectAliveAsWordByWord, (unsigned seed)) {
     if (!words.Meets(word)) wanted.push_back(word);
   }
   int size = static_cast<int>(words.list.size());
-  for (bool listed : {true, false}) {
-    int found = listed
-                    ? CollectAlive(words.list.data(), size, words.rows.data(),
-                                   words.lanes, words.mask.data(), out.data())
-                    : CollectAlive(bits.data(), 2, words.rows.data(),
-                                   words.lanes, words.mask.data(), out.data());
+  for (WordView view : {WordView{size, words.list.data(), nullptr, 0},
+                        WordView{size, nullptr, bits.data(), 2}}) {
+    int found = CollectAlive(view, words.rows.data(), words.lanes,
+                             words.mask.data(), out.data());
     RC_ASSERT(std::vector(out.begin(), out.begin() + found) == wanted);
   }
 }

@@ -157,11 +157,10 @@ void Search::Restart() {
   nextRestart_ =
       statistics_.fails + kRestartUnit * Luby(statistics_.restarts + 1);
   Rewind();
-  workBy_[byBeliefs_] += Work() - counted_;
+  workBy_[chooser_.UsesBeliefs()] += Work() - counted_;
   counted_ = Work();
-  byBeliefs_ = statistics_.fails >= kFailsBeforeBeliefs &&
-               workBy_[true] <= kBeliefsShare * workBy_[false];
-  chooser_.UseBeliefs(byBeliefs_);
+  chooser_.UseBeliefs(statistics_.fails >= kFailsBeforeBeliefs &&
+                      workBy_[true] <= kBeliefsShare * workBy_[false]);
 }
 
 }  // namespace autofill

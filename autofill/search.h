@@ -6,8 +6,8 @@
 // clause generation: Ohrimenko, Stuckey and Codish 2009, "Propagation via
 // lazy clause generation").  Restarts follow Luby, Sinclair and Zuckerman
 // 1993 and keep the nogoods, the weights and the words.  The first restarts
-// choose by entries, which is enough for most grids; after that two
-// thirds of the work are by beliefs.
+// choose by entries, which is enough for most grids; after that two thirds
+// of the work are by beliefs.
 
 #pragma once
 
@@ -96,7 +96,6 @@ class Search {
   int64_t nextRestart_ = 0;
   // Work before the last restart, by entries and by beliefs.
   int64_t workBy_[2] = {0, 0}, counted_ = 0;
-  bool byBeliefs_ = false;
   int nogoodLimit_ = 1000;
   // The conflict being resolved.
   int level_ = 0, start_ = 0, outstanding_ = 0;

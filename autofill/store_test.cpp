@@ -23,9 +23,9 @@ struct NaiveSets {
         letters[c] = 1u << (board.Cells()[c].given - 'A');
       }
     }
-    Settle(board, words);
+    PropagateAll(board, words);
   }
-  void Settle(const Board& board, const std::vector<std::string>& words) {
+  void PropagateAll(const Board& board, const std::vector<std::string>& words) {
     for (bool changed = true; changed && !failed;) {
       changed = false;
       for (const Entry& entry : board.Entries()) {
@@ -58,13 +58,6 @@ struct NaiveSets {
   }
 };
 
-bool Settle(Store& store) {
-  for (int e; (e = store.TakeEntry()) >= 0;) {
-    if (!store.Revise(e)) return false;
-  }
-  return true;
-}
-
 // Words in use go beyond the naive sets, so the store may know more; where
 // no entry is decided they must be equal.
 void CheckAgainstNaive(const Store& store, const NaiveSets& naive, bool used) {
@@ -88,7 +81,7 @@ RC_GTEST_PROP(Store, NarrowsAsPlainArcConsistencyDoes, (unsigned seed)) {
   WordList list = ListOf(words);
   Board board(RandomGrid(random, 8));
   Store store(board, list, {});
-  bool settled = Settle(store);
+  bool settled = PropagateAll(store);
   NaiveSets naive(board, words);
   if (!settled) {
     RC_ASSERT(naive.failed || board.EntryCount() > 1);
@@ -104,7 +97,7 @@ RC_GTEST_PROP(Store, GoesBackToExactlyWhatItWas, (unsigned seed)) {
   WordList list = ListOf(words);
   Board board(RandomGrid(random, 9));
   Store store(board, list, {});
-  if (board.CellCount() == 0 || !Settle(store)) return;
+  if (board.CellCount() == 0 || !PropagateAll(store)) return;
   auto snapshot = [&] {
     std::vector<int> all;
     for (int p = 0; p < board.PositionCount(); ++p) {
@@ -130,7 +123,7 @@ RC_GTEST_PROP(Store, GoesBackToExactlyWhatItWas, (unsigned seed)) {
       int cell = static_cast<int>(random() % board.CellCount());
       uint32_t letters = store.LettersOf(cell);
       store.Narrow(cell, letters & -letters, kDecision);
-      dead = !Settle(store);
+      dead = !PropagateAll(store);
     }
     if (dead || random() % 4 == 0) {
       int level = static_cast<int>(random() % store.Level());
@@ -150,7 +143,7 @@ TEST(Store, AWordInUseIsGoneElsewhere) {
   WordList list = ListOf({"CAT", "DOG"});
   Board board({"CA.", "###", "..."});
   Store store(board, list, {});
-  ASSERT_TRUE(Settle(store));
+  ASSERT_TRUE(PropagateAll(store));
   EXPECT_EQ(list.OfLength(3).Text(store.WordOf(1)), "DOG");
 }
 

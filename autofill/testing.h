@@ -11,6 +11,7 @@
 
 #include "autofill/autofill.h"
 #include "autofill/read_list.h"
+#include "autofill/store.h"
 
 namespace autofill {
 
@@ -18,6 +19,14 @@ inline WordList ListOf(const std::vector<std::string>& words) {
   WordListBuilder builder;
   for (const std::string& word : words) builder.Add(word, kPlainScore, 0);
   return builder.Build();
+}
+
+// False when an entry has no word left.
+inline bool PropagateAll(Store& store) {
+  for (int e; (e = store.TakeEntry()) >= 0;) {
+    if (!store.Revise(e)) return false;
+  }
+  return true;
 }
 
 // The words of a level, and a grid of bench/grids.
