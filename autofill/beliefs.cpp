@@ -4,17 +4,16 @@
 #include <array>
 #include <bit>
 #include <cmath>
-#include <random>
-#include <utility>
 
 namespace autofill {
 
-constexpr int kPasses = 3;
-constexpr int kRootPasses = 6;
+// How many may tell for one choice, by entry.
+constexpr float kTells = 0.2f;
+constexpr float kTellsAtRoot = 2;
 // The change that calls for telling again: larger sets take more time.
 constexpr float kTolerance = 0.2f;
-constexpr float kTolerancePerWord = 0.0002f;
-constexpr float kLeast = 1e-4f;  // no letter counts less: messages can err
+constexpr float kTolerancePerWord = 0.0004f;
+constexpr float kLeast = 0.01f;  // no letter counts less: messages can err
 constexpr float kScorePrior = 0.05f;
 
 // A point counts for a factor of e to the kScorePrior: less than where entries
@@ -31,11 +30,12 @@ static const float* Priors() {
   return priors.data();
 }
 
-Beliefs::Beliefs(const Store& store, uint64_t seed)
+Beliefs::Beliefs(const Store& store)
     : store_(store),
       partner_(store.GetBoard().PositionCount(), -1),
-      messages_(static_cast<size_t>(store.GetBoard().PositionCount()) *
-                kLetterStride),
+      messages_(
+          static_cast<size_t>(store.GetBoard().PositionCount()) * kLetterStride,
+          1.0f),
       told_(store.GetBoard().EntryCount()) {
   const Board& board = store.GetBoard();
   for (int p = 0; p < board.PositionCount(); ++p) {
@@ -44,43 +44,66 @@ Beliefs::Beliefs(const Store& store, uint64_t seed)
       partner_[p] = crossing;
     }
   }
-  std::minstd_rand random(static_cast<unsigned>(seed));
-  std::uniform_real_distribution<float> about(0.5f, 1.5f);
-  for (float& message : messages_) message = about(random);
+  BeginWithCounts();
   rootMessages_ = messages_;
   rootTold_ = told_;
+}
+
+// As if each entry had told once, all words fitting.
+void Beliefs::BeginWithCounts() {
+  for (size_t p = 0; p < partner_.size(); ++p) {
+    int position = static_cast<int>(p);
+    int entry = store_.GetBoard().EntryOf(position);
+    if (partner_[position] < 0 || !store_.Ours(entry)) continue;
+    const LengthTable& table = store_.TableOf(entry);
+    int place = position - store_.GetBoard().Entries()[entry].first;
+    float values[kLetters];
+    for (int letter = 0; letter < kLetters; ++letter) {
+      values[letter] =
+          static_cast<float>(table.supportCount[place * kLetters + letter]) *
+          kLetters / static_cast<float>(table.count);
+    }
+    SetMessage(position, values);
+    told_[entry].size = table.count;
+  }
 }
 
 void Beliefs::Rewind() {
   messages_ = rootMessages_;
   told_ = rootTold_;
-  pass_ = next_ = 0;
-  changed_ = false;
+  tells_ = 0;
 }
 
-bool Beliefs::ToldEnough(int entry) const {
-  int size = store_.SizeOf(entry);
-  if (told_[entry].size == 0) return false;
-  float ratio =
-      static_cast<float>(size) / static_cast<float>(told_[entry].size);
-  return told_[entry].change + std::abs(std::log(ratio)) <=
-         kTolerance + kTolerancePerWord * static_cast<float>(size);
+// What has changed since the entry told, in tolerances.
+float Beliefs::News(int entry) const {
+  float size = static_cast<float>(store_.SizeOf(entry));
+  float ratio = size / static_cast<float>(told_[entry].size);
+  return (told_[entry].change + std::abs(std::log(ratio))) /
+         (kTolerance + kTolerancePerWord * size);
+}
+
+int Beliefs::MostToTell() const {
+  int most = -1;
+  float mostNews = 1;
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    if (store_.Done(e)) continue;
+    float news = News(e);
+    if (news > mostNews) most = e, mostNews = news;
+  }
+  return most;
 }
 
 bool Beliefs::Settle(int64_t words) {
   int64_t end = wordsRead_ + words;
-  int passes = store_.Level() == 0 ? kRootPasses : kPasses;
-  for (; pass_ < passes; ++pass_) {
-    for (; next_ < store_.GetBoard().EntryCount(); ++next_) {
-      if (wordsRead_ >= end) return false;
-      if (store_.Done(next_) || ToldEnough(next_)) continue;
-      Tell(next_);
-      changed_ = true;
-    }
-    next_ = 0;
-    if (!std::exchange(changed_, false)) break;
+  float each = store_.Level() == 0 ? kTellsAtRoot : kTells;
+  float enough = each * static_cast<float>(store_.GetBoard().EntryCount());
+  for (; static_cast<float>(tells_) < enough; ++tells_) {
+    if (wordsRead_ >= end) return false;
+    int entry = MostToTell();
+    if (entry < 0) break;
+    Tell(entry);
   }
-  pass_ = 0;
+  tells_ = 0;
   if (store_.Level() == 0) {
     rootMessages_ = messages_;
     rootTold_ = told_;
@@ -121,16 +144,23 @@ void Beliefs::Tell(int entry) {
 }
 
 void Beliefs::Send(int position, const float* weights, float* sums) {
-  float total = 0, change = 0;
+  float total = 0;
   for (int letter = 0; letter < kLetters; ++letter) {
     total += sums[letter] /= weights[letter];
   }
   if (!(total > 0 && total < 1e35f)) return;  // out of range: says nothing new
-  float* message = &messages_[position * kLetterStride];
   for (int letter = 0; letter < kLetters; ++letter) {
-    float value = sums[letter] * (kLetters / total);
-    change += std::abs(value - message[letter]);
-    message[letter] = value;
+    sums[letter] *= kLetters / total;
+  }
+  SetMessage(position, sums);
+}
+
+void Beliefs::SetMessage(int position, const float* values) {
+  float* message = &messages_[position * kLetterStride];
+  float change = 0;
+  for (int letter = 0; letter < kLetters; ++letter) {
+    change += std::abs(values[letter] - message[letter]);
+    message[letter] = values[letter];
   }
   int other = store_.GetBoard().EntryOf(partner_[position]);
   told_[other].change += change / kLetters;

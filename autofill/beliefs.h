@@ -5,7 +5,10 @@
 // and products of belief propagation (Pearl 1982, "Reverend Bayes on
 // inference engines"; on constraints: Pesant 2019, "From support propagation
 // to belief propagation in constraint programming").  An entry tells again
-// only once what it was told, or its words, have changed enough.
+// once what it was told, or its words, have changed enough, and the one that
+// has most to tell comes first (Elidan, McGraw and Koller 2006, "Residual
+// belief propagation").  Only so many tell for one choice: what is left waits
+// for the next.
 
 #pragma once
 
@@ -17,11 +20,10 @@ namespace autofill {
 
 class Beliefs {
  public:
-  // Other seeds begin with other messages.
-  Beliefs(const Store& store, uint64_t seed);
+  explicit Beliefs(const Store& store);
 
   // Goes on reading, for about so many words; says whether the messages
-  // follow the words again.
+  // follow the words enough for the next choice.
   bool Settle(int64_t words);
   // Back to the messages of level 0.
   void Rewind();
@@ -39,13 +41,16 @@ class Beliefs {
 
  private:
   struct Told {
-    int size = 0;      // of the words when the entry told last
+    int size = 1;      // of the words when the entry told last
     float change = 0;  // of what it was told since, summed
   };
 
-  bool ToldEnough(int entry) const;
+  void BeginWithCounts();
+  int MostToTell() const;
+  float News(int entry) const;
   void Tell(int entry);
   void Send(int position, const float* weights, float* sums);
+  void SetMessage(int position, const float* values);
 
   const Store& store_;
   std::vector<int> partner_;
@@ -53,9 +58,7 @@ class Beliefs {
   std::vector<float> messages_, rootMessages_;
   std::vector<Told> told_, rootTold_;
   int64_t wordsRead_ = 0;
-  // The pass over the entries that is under way.
-  int pass_ = 0, next_ = 0;
-  bool changed_ = false;
+  int tells_ = 0;  // for the next choice
 };
 
 }  // namespace autofill

@@ -8,7 +8,8 @@ namespace autofill {
 
 constexpr int kCandidates = 256;
 constexpr double kUncrossed = 1e300;  // such a cell comes last
-constexpr float kNoise = 0.5;
+constexpr float kNoise = 0.5;         // in the choice of words
+constexpr float kLetterNoise = 0.2f;  // in the choice by beliefs
 constexpr float kScoreWeight = 0.3f;  // a point against a factor of e^0.3
 constexpr int kSliceOfWords = 1 << 14;
 constexpr double kUrgency = 0.3;  // the power of an entry's weight
@@ -22,7 +23,7 @@ Chooser::Chooser(const Store& store, uint64_t seed,
       beliefWeights_(store.GetBoard().EntryCount()),
       kept_(store.GetBoard().EntryCount(), -1),
       candidates_(kCandidates),
-      beliefs_(store, seed),
+      beliefs_(store),
       urgency_(store.GetBoard().EntryCount()) {}
 
 void Weights::Bump(int entry) {
@@ -83,14 +84,17 @@ bool Chooser::SurestLetter(Literal& literal) {
   for (int e = 0; e < board.EntryCount(); ++e) {
     urgency_[e] = static_cast<float>(std::pow(beliefWeights_[e], kUrgency));
   }
+  std::uniform_real_distribution<float> chance(0, 1);
   float bestValue = 0;
   for (int p = 0; p < board.PositionCount(); ++p) {
     int partner = beliefs_.Partner(p);
     if (partner < p || std::has_single_bit(store_.LettersAt(p))) continue;
     if (!store_.Ours(board.EntryOf(p))) continue;
     Beliefs::Guess guess = beliefs_.Likeliest(p);
-    float value = guess.chance * (urgency_[board.EntryOf(p)] +
-                                  urgency_[board.EntryOf(partner)]);
+    float value =
+        guess.chance *
+        (urgency_[board.EntryOf(p)] + urgency_[board.EntryOf(partner)]) *
+        (1 + kLetterNoise * chance(random_));
     if (value <= bestValue) continue;
     bestValue = value;
     literal = {board.CellOf(p), kAllLetters & ~(1u << guess.letter)};

@@ -8,7 +8,7 @@ namespace autofill {
 constexpr int kNogoodMemory = 1 << 22;
 constexpr int kRestartUnit = 100;
 constexpr int kMoreNogoods = 300;
-constexpr int kFailsBeforeBeliefs = 600;
+constexpr int kFailsBeforeBeliefs = 200;
 constexpr int kBeliefsShare = 2;  // to one of choosing by entries
 
 Search::Search(const Board& board, const WordList& words,
