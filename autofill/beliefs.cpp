@@ -77,8 +77,9 @@ void Beliefs::Rewind() {
 // What has changed since the entry told, in tolerances.
 float Beliefs::News(int entry) const {
   float size = static_cast<float>(store_.SizeOf(entry));
-  float ratio = size / static_cast<float>(told_[entry].size);
-  return (told_[entry].change + std::abs(std::log(ratio))) /
+  float then = static_cast<float>(told_[entry].size);
+  float change = std::abs(size - then) / std::min(size, then);
+  return (told_[entry].change + change) /
          (kTolerance + kTolerancePerWord * size);
 }
 

@@ -8,8 +8,8 @@ namespace autofill {
 
 constexpr int kCandidates = 256;
 constexpr double kUncrossed = 1e300;  // such a cell comes last
-constexpr float kNoise = 0.5;         // in the choice of words
-constexpr float kLetterNoise = 0.2f;  // in the choice by beliefs
+constexpr float kWordNoise = 0.5;
+constexpr float kLetterNoise = 0.2f;
 constexpr float kScoreWeight = 0.3f;  // a point against a factor of e^0.3
 constexpr int kSliceOfWords = 1 << 14;
 constexpr double kUrgency = 0.3;  // the power of an entry's weight
@@ -84,7 +84,7 @@ bool Chooser::SurestLetter(Literal& literal) {
   for (int e = 0; e < board.EntryCount(); ++e) {
     urgency_[e] = static_cast<float>(std::pow(beliefWeights_[e], kUrgency));
   }
-  std::uniform_real_distribution<float> chance(0, 1);
+  std::uniform_real_distribution<float> noise(1, 1 + kLetterNoise);
   float bestValue = 0;
   for (int p = 0; p < board.PositionCount(); ++p) {
     int partner = beliefs_.Partner(p);
@@ -94,7 +94,7 @@ bool Chooser::SurestLetter(Literal& literal) {
     float value =
         guess.chance *
         (urgency_[board.EntryOf(p)] + urgency_[board.EntryOf(partner)]) *
-        (1 + kLetterNoise * chance(random_));
+        noise(random_);
     if (value <= bestValue) continue;
     bestValue = value;
     literal = {board.CellOf(p), kAllLetters & ~(1u << guess.letter)};
@@ -141,7 +141,8 @@ int Chooser::BestWord(int entry) {
   for (int i = 0; i < count; ++i) {
     int word = candidates_[i];
     const uint8_t* letters = table.Letters(word);
-    float value = kScoreWeight * table.scores[word] + kNoise * chance(random_);
+    float value =
+        kScoreWeight * table.scores[word] + kWordNoise * chance(random_);
     for (const auto& fill : earlier_) value -= fill[entry] == word ? 1e3f : 0;
     for (int p = 0; p < table.length; ++p) value += support_[p][letters[p]];
     if (best < 0 || value > bestValue) best = word, bestValue = value;
