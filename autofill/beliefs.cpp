@@ -14,7 +14,7 @@ constexpr float kTellsAtRoot = 2;
 constexpr float kTolerance = 0.2f;
 constexpr float kTolerancePerWord = 0.0004f;
 constexpr float kLeast = 0.01f;  // no letter counts less: messages can err
-constexpr float kScorePrior = 0.05f;
+constexpr float kScorePrior = 0.02f;
 
 // A point counts for a factor of e to the kScorePrior: less than where entries
 // are chosen, as who needs beliefs wants a fill first of all.

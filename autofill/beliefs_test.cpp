@@ -45,7 +45,7 @@ RC_GTEST_PROP(Beliefs, CountFillsOfATree, (unsigned seed)) {
     std::string word(i % 2 ? 5 : 3, 'A');
     for (char& c : word) c = static_cast<char>('A' + random() % 3);
     int score = static_cast<int>(random() % 30);
-    if (builder.Add(word, score, 0, i)) weights[word] = std::exp(0.05 * score);
+    if (builder.Add(word, score, 0, i)) weights[word] = std::exp(0.02 * score);
   }
   WordList words = builder.Build();
   Board board({".....", ".#.#.", ".#.#."});
