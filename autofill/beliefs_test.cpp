@@ -12,7 +12,7 @@
 namespace autofill {
 namespace {
 
-constexpr double kInexact = .05;  // small changes are not told
+constexpr double kInexact = 0.1;  // small changes are not told
 
 // The positions of crossings that aren't fixed.
 std::vector<int> OpenCrossings(const Store& store, const Beliefs& beliefs) {
