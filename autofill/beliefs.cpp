@@ -36,7 +36,7 @@ Beliefs::Beliefs(const Store& store)
       messages_(
           static_cast<size_t>(store.GetBoard().PositionCount()) * kLetterStride,
           1.0f),
-      told_(store.GetBoard().EntryCount()) {
+      rootMessages_(messages_) {
   const Board& board = store.GetBoard();
   for (int p = 0; p < board.PositionCount(); ++p) {
     int crossing = board.CellOf(p) < 0 ? -1 : board.Crossing(p);
@@ -44,27 +44,27 @@ Beliefs::Beliefs(const Store& store)
       partner_[p] = crossing;
     }
   }
-  BeginWithCounts();
-  rootMessages_ = messages_;
-  rootTold_ = told_;
 }
 
-// As if each entry had told once, all words fitting.
+// As if each entry had told once, before it was told anything.
 void Beliefs::BeginWithCounts() {
-  for (size_t p = 0; p < partner_.size(); ++p) {
-    int position = static_cast<int>(p);
-    int entry = store_.GetBoard().EntryOf(position);
-    if (partner_[position] < 0 || !store_.Ours(entry)) continue;
-    const LengthTable& table = store_.TableOf(entry);
-    int place = position - store_.GetBoard().Entries()[entry].first;
-    float values[kLetters];
-    for (int letter = 0; letter < kLetters; ++letter) {
-      values[letter] =
-          static_cast<float>(table.supportCount[place * kLetters + letter]) *
-          kLetters / static_cast<float>(table.count);
+  const Board& board = store_.GetBoard();
+  told_.assign(board.EntryCount(), {});
+  for (int e = 0; e < board.EntryCount(); ++e) {
+    if (store_.Done(e)) continue;
+    float size = static_cast<float>(store_.SizeOf(e));
+    told_[e].size = store_.SizeOf(e);
+    for (int i = 0; i < board.Entries()[e].length; ++i) {
+      int position = board.Entries()[e].first + i;
+      if (partner_[position] < 0) continue;
+      int counts[kLetters];
+      float values[kLetters];
+      store_.CountLetters(e, position, counts);
+      for (int letter = 0; letter < kLetters; ++letter) {
+        values[letter] = static_cast<float>(counts[letter]) * kLetters / size;
+      }
+      SetMessage(position, values);
     }
-    SetMessage(position, values);
-    told_[entry].size = table.count;
   }
 }
 
@@ -95,10 +95,12 @@ int Beliefs::MostToTell() const {
 }
 
 bool Beliefs::Settle(int64_t words) {
+  if (told_.empty()) BeginWithCounts();
   int64_t end = wordsRead_ + words;
   float each = store_.Level() == 0 ? kTellsAtRoot : kTells;
-  float enough = each * static_cast<float>(store_.GetBoard().EntryCount());
-  for (; static_cast<float>(tells_) < enough; ++tells_) {
+  auto most = static_cast<int>(
+      std::ceil(each * static_cast<float>(store_.GetBoard().EntryCount())));
+  for (; tells_ < most; ++tells_) {
     if (wordsRead_ >= end) return false;
     int entry = MostToTell();
     if (entry < 0) break;

@@ -41,7 +41,7 @@ class Beliefs {
 
  private:
   struct Told {
-    int size = 1;      // of the words when the entry told last
+    int size = 0;      // of the words when the entry told last
     float change = 0;  // of what it was told since, summed
   };
 
@@ -56,7 +56,7 @@ class Beliefs {
   std::vector<int> partner_;
   // By position * kLetterStride + letter.
   std::vector<float> messages_, rootMessages_;
-  std::vector<Told> told_, rootTold_;
+  std::vector<Told> told_, rootTold_;  // empty until the first call of Settle
   int64_t wordsRead_ = 0;
   int tells_ = 0;  // for the next choice
 };

@@ -11,9 +11,9 @@
 //
 // By beliefs: the letter that a cell has most surely of all, the surer the
 // more weight its entries have (decimation: Braunstein, Mezard and Zecchina
-// 2005, "Survey propagation: an algorithm for satisfiability").  Some noise
-// makes restarts differ.  That mostly takes far fewer fails, but the words of
-// all entries have to be read for the first choice.
+// 2005, "Survey propagation: an algorithm for satisfiability").  That mostly
+// takes far fewer fails, but the words of all entries have to be read for the
+// first choice.  Some noise makes restarts differ.
 
 #pragma once
 
