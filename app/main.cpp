@@ -10,8 +10,8 @@
 #include <optional>
 #include <string>
 
+#include "draw/qt_printer.h"
 #include "view/qt_clipboard.h"
-#include "view/qt_draw_printer.h"
 #include "view/qt_main_window.h"
 #include "view/qt_publisher.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "grid/text_file.h"
+#include "base/text_file.h"
 
 namespace autofill {
 namespace {

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <map>
 
-#include "grid/text_file.h"
+#include "base/text_file.h"
 
 namespace autofill {
 namespace {

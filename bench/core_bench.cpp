@@ -12,8 +12,8 @@
 
 #include "bench/plain_fill.h"
 #include "dictionary/levels.h"
-#include "dictionary/read_dictionary.h"
 #include "files/puzzle_file.h"
+#include "grid/choose_dictionary.h"
 #include "grid/slots.h"
 #include "layout/check_grid.h"
 #include "layout/generate.h"
@@ -100,8 +100,7 @@ void PlainFillGrid(benchmark::State& run, const std::string& name) {
     QuietDesk desk;
     OpenGrid(desk, name);
     PlainFill plain(desk.state, words);
-    const Slot start =
-        *desk.state.SlotCells.At(first.first, first.direction);
+    const Slot start = *desk.state.SlotCells.At(first.first, first.direction);
     run.ResumeTiming();
     if (!plain.Run(start) || GridText(desk.state) != GridText(real.state))
       run.SkipWithError("not filled with the same words");

@@ -6,12 +6,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include "draw/qt_pages.h"
+#include "draw/qt_picture_file.h"
+#include "draw/qt_session.h"
 #include "files/sheet.h"
 #include "grid/slots.h"
 #include "tests/quiet_host.h"
-#include "view/qt_draw_pages.h"
-#include "view/qt_draw_picture_file.h"
-#include "view/qt_draw_session.h"
 
 namespace {
 

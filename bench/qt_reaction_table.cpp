@@ -19,7 +19,7 @@
 #include <optional>
 
 #include "dictionary/levels.h"
-#include "dictionary/read_dictionary.h"
+#include "grid/choose_dictionary.h"
 #include "view/qt_main_window.h"
 
 namespace {

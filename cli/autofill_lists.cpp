@@ -5,10 +5,10 @@
 #include <iostream>
 
 #include "autofill/read_list.h"
+#include "base/text.h"
 #include "cli/session.h"
 #include "dictionary/levels.h"
 #include "grid/state.h"
-#include "grid/text.h"
 
 namespace {
 
@@ -57,8 +57,7 @@ autofill::WordList LoadLists(const std::vector<std::string>& lists) {
     const bool isLevel =
         list.name.size() == 1 && list.name >= "1" && list.name <= "3";
     const std::string path =
-        isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1'])
-                : list.name;
+        isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1']) : list.name;
     const autofill::LoadReport report =
         autofill::ReadList(path, list.minimum, number++, builder);
     if (!isLevel) std::cerr << report.Text() << "\n";

@@ -6,7 +6,7 @@
 #include "cli/session.h"
 #include "dictionary/find_word.h"
 #include "dictionary/packed.h"
-#include "dictionary/read_dictionary.h"
+#include "grid/choose_dictionary.h"
 #include "solver/matcher.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "grid/text.h"
-#include "grid/text_file.h"
+#include "base/text.h"
+#include "base/text_file.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <iostream>
 
+#include "base/text_file.h"
 #include "cli/commands.h"
-#include "grid/text_file.h"
 
 namespace {
 

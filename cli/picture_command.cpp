@@ -6,8 +6,8 @@
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
 #include "cli/session.h"
-#include "view/qt_draw_picture_file.h"
-#include "view/qt_draw_session.h"
+#include "draw/qt_picture_file.h"
+#include "draw/qt_session.h"
 
 namespace {
 

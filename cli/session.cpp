@@ -8,8 +8,8 @@
 #include <limits>
 
 #include "dictionary/levels.h"
-#include "dictionary/read_dictionary.h"
 #include "files/puzzle_file.h"
+#include "grid/choose_dictionary.h"
 
 namespace {
 
@@ -122,9 +122,8 @@ void CliSession::OpenPuzzle(const std::string& path) {
 void CliSession::LoadWords(const std::string& list) {
   const bool isLevel = list.size() == 1 && list >= "1" && list <= "3";
   try {
-    ReadDictionary(
-        state, words, host,
-        isLevel ? LevelFilePath(kLevelFiles[list[0] - '1']) : list);
+    ReadDictionary(state, words, host,
+                   isLevel ? LevelFilePath(kLevelFiles[list[0] - '1']) : list);
   } catch (const ProgramEnd& end) {
     throw FileError(list + ":" + end.what());
   }

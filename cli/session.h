@@ -11,9 +11,9 @@
 #include <random>
 #include <string>
 
+#include "base/text_file.h"
 #include "dictionary/word_table.h"
 #include "grid/state.h"
-#include "grid/text_file.h"
 
 // A program that has to end, for a reason that names no file.
 class ProgramEnd : public FileError {

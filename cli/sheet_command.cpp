@@ -5,10 +5,10 @@
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
 #include "cli/session.h"
+#include "draw/qt_pages.h"
+#include "draw/qt_printer.h"
+#include "draw/qt_session.h"
 #include "files/sheet.h"
-#include "view/qt_draw_pages.h"
-#include "view/qt_draw_printer.h"
-#include "view/qt_draw_session.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "grid/text_file.h"
+#include "base/text_file.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include "grid/text_file.h"
+#include "base/text_file.h"
 #include "tests/fakes.h"
 
 namespace {

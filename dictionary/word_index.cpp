@@ -3,8 +3,20 @@
 #include <algorithm>
 #include <bit>
 
-#include "grid/list_rows.h"
-#include "grid/masks.h"
+std::uint64_t ScoreOrder(int score) {
+  // A number in base 11 with the digits of the text from the left, then an
+  // end mark that is above every digit, as a letter is.
+  constexpr int kBase = 11, kEnd = 10, kPlaces = 11;
+  int first = 100000;  // the value of the first digit
+  while (score / first >= 10) first *= 10;
+  std::uint64_t order = 0;
+  int places = 1;
+  for (; first > 0; first /= 10, ++places)
+    order = order * kBase + score / first % 10;
+  order = order * kBase + kEnd;
+  for (; places < kPlaces; ++places) order *= kBase;
+  return order;
+}
 
 WordIndex::WordIndex(int length, std::string_view letters,
                      const std::vector<int>& scores) {

@@ -12,7 +12,11 @@
 #include <string_view>
 #include <vector>
 
-#include "grid/slot.h"
+#include "dictionary/word.h"
+
+// Orders scores as texts of six digits or more that a letter follows are
+// ordered: one of seven digits comes before most of six.
+std::uint64_t ScoreOrder(int score);
 
 using Bits = std::vector<std::uint64_t>;
 

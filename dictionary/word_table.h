@@ -12,8 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "dictionary/word.h"
 #include "dictionary/word_index.h"
-#include "grid/slot.h"
 
 inline constexpr int WordsPerLengthLimit = 32767;
 

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "base/canvas.h"
 #include "grid/state.h"
 
 // The side of the picture of an n x n grid, in twips.

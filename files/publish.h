@@ -6,6 +6,9 @@
 
 #pragma once
 
+#include "base/clipboard.h"
+#include "base/printer.h"
+#include "files/publisher.h"
 #include "grid/state.h"
 
 // "Copy to Bitmap": copies the grid picture to the clipboard, writes the

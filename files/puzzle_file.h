@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "base/text_file.h"
 #include "grid/state.h"
-#include "grid/text_file.h"
 
 struct Puzzle {
   std::string title;

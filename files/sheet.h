@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "base/printer.h"
 #include "grid/state.h"
 
 enum class SheetMode {

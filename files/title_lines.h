@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "grid/ports.h"
+#include "base/canvas.h"
 
 struct TitleLines {
   std::vector<std::string> lines;  // none for an empty title

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "dictionary/word_index.h"
 #include "grid/slot.h"
 
 // A slot, with its mask when the list holds masks.
@@ -37,10 +38,6 @@ struct CensusRow {
   std::string Text() const;  // "0062105A 03,07"
   auto operator<=>(const CensusRow&) const = default;
 };
-
-// Orders scores as texts of six digits or more that a letter follows are
-// ordered: one of seven digits comes before most of six.
-std::uint64_t ScoreOrder(int score);
 
 // A word that fits a mask, with the score by which candidates are ordered.
 struct Candidate {

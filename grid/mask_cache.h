@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-#include "grid/slot.h"
+#include "dictionary/word.h"
 
 class MaskCache {
  public:

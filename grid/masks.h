@@ -9,8 +9,6 @@
 
 #include "grid/state.h"
 
-inline constexpr char kAnyLetter = '?';
-
 inline bool IsOpen(const Mask& mask) {
   return mask.View().find(kAnyLetter) != std::string_view::npos;
 }

@@ -1,40 +1,10 @@
 // Slots: where words stand.
 //
-// A slot is a run of white cells of one grid line that takes one word.  Rows
-// and columns count from 1 at the top left; the row always comes first.
+// A slot is a run of white cells of one grid line that takes one word.
 
 #pragma once
 
-#include <cstdint>
-
-#include "grid/text.h"
-
-inline constexpr int MaxGridSize = 51;
-inline constexpr int DefaultGridSize = 13;
-inline constexpr int LongestWordLength = 20;
-
-struct Pos {
-  int row = 0;
-  int col = 0;
-
-  std::string Text() const;  // "03,07"
-  auto operator<=>(const Pos&) const = default;
-};
-
-// The cell that a half turn about the centre of an n x n grid takes p to.
-inline Pos Mirror(Pos p, int n) {
-  return {n + 1 - p.row, n + 1 - p.col};
-}
-
-enum class Direction : char { Across = 'A', Down = 'D' };
-
-inline constexpr Direction kDirections[] = {Direction::Down, Direction::Across};
-
-// The cell k cells after p in a direction.
-inline Pos Along(Pos p, Direction direction, int k) {
-  return direction == Direction::Across ? Pos{p.row, p.col + k}
-                                        : Pos{p.row + k, p.col};
-}
+#include "base/pos.h"
 
 // Slots sort as their texts do: by length, direction, row, column.
 struct Slot {
@@ -47,8 +17,3 @@ struct Slot {
   std::string Text() const;  // "05A 03,07"
   auto operator<=>(const Slot&) const = default;
 };
-
-// The letters of a slot, "?" for an empty cell: "AB?D?".
-using Mask = ShortText<MaxGridSize>;
-
-using Word = ShortText<LongestWordLength>;

@@ -1,5 +1,9 @@
 #include "grid/slot_table.h"
 
+#include <cassert>
+
+#include "base/text.h"
+
 void SlotTable::Clear() {
   slots_.clear();
   crossings_.clear();

@@ -12,9 +12,10 @@
 #include <variant>
 #include <vector>
 
+#include "base/host.h"
+#include "base/picture.h"
 #include "grid/list_rows.h"
 #include "grid/mask_cache.h"
-#include "grid/ports.h"
 #include "grid/slot_table.h"
 
 inline constexpr char kEmptyCell = ' ';
@@ -161,6 +162,12 @@ struct State {
   bool DebugMode = false;  // the debug panel was unlocked
 
   bool IsBlack(Pos p) const { return Grid[p] == kBlackSquare; }
+};
+
+// How an operation meets the outside.
+struct Ports {
+  Host& host;
+  Picture& picture;
 };
 
 // Calls visit(Pos) for every cell of the grid in reading order.

@@ -5,9 +5,9 @@
 
 #include "grid/drawing.h"
 #include "grid/masks.h"
+#include "grid/slot_lengths.h"
 #include "grid/slots.h"
 #include "layout/chains.h"
-#include "solver/slot_lengths.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include "grid/drawing.h"
 #include "grid/masks.h"
 #include "grid/new_grid.h"
+#include "grid/slot_lengths.h"
 #include "grid/slots.h"
 #include "solver/census.h"
-#include "solver/slot_lengths.h"
 #include "solver/solution_record.h"
 
 namespace {

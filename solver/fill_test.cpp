@@ -6,8 +6,8 @@
 #include <set>
 #include <sstream>
 
-#include "dictionary/read_dictionary.h"
 #include "files/puzzle_file.h"
+#include "grid/choose_dictionary.h"
 #include "layout/generate.h"
 #include "solver/census.h"
 #include "tests/fakes.h"

@@ -8,7 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "grid/ports.h"
+#include "base/clipboard.h"
+#include "base/printer.h"
+#include "files/publisher.h"
 #include "tests/fakes.h"
 
 // Writes down every call as a line: "text 750,0 14b Title".  A character is

@@ -6,8 +6,8 @@
 #include <random>
 #include <string>
 
+#include "base/text_file.h"
 #include "grid/state.h"
-#include "grid/text_file.h"
 
 class QuietHost : public Host {
  public:

@@ -1,6 +1,6 @@
 #include "view/app.h"
 
-#include "dictionary/read_dictionary.h"
+#include "grid/choose_dictionary.h"
 #include "grid/drawing.h"
 
 void StartUp(App& app) {

@@ -5,7 +5,10 @@
 
 #include <string>
 
+#include "base/clipboard.h"
+#include "base/printer.h"
 #include "dictionary/word_table.h"
+#include "files/publisher.h"
 #include "grid/state.h"
 
 // What only some programs can do; a command that needs what is not there
@@ -21,7 +24,7 @@ struct App {
   WordTable words;
   Host& host;
   Picture& picture;
-  bool taskRuns = false;  // a command has started and not ended
+  bool taskRuns = false;    // a command has started and not ended
   std::string savedText{};  // the puzzle as last loaded, saved or begun
   Outlets outlets{};
 

@@ -4,10 +4,10 @@
 #include <cassert>
 
 #include "dictionary/find_word.h"
-#include "dictionary/read_dictionary.h"
 #include "files/publish.h"
 #include "files/puzzle_file.h"
 #include "files/sheet.h"
+#include "grid/choose_dictionary.h"
 #include "grid/drawing.h"
 #include "grid/new_grid.h"
 #include "grid/slots.h"

@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "dictionary/read_dictionary.h"
+#include "grid/choose_dictionary.h"
 #include "grid/masks.h"
 #include "tests/fake_program.h"
 

@@ -2,7 +2,8 @@
 
 #pragma once
 
-#include "view/qt_draw_picture.h"
+#include "base/clipboard.h"
+#include "draw/qt_picture.h"
 
 class QtBitmapClipboard : public BitmapClipboard {
  public:

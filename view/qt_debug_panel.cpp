@@ -5,7 +5,7 @@
 #include <QGroupBox>
 #include <QListView>
 
-#include "view/qt_draw_picture.h"
+#include "draw/qt_picture.h"
 #include "view/qt_text.h"
 
 // DebugListModel

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "view/qt_draw_picture.h"
+#include "draw/qt_picture.h"
 
 namespace {
 

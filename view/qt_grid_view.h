@@ -11,8 +11,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "draw/qt_picture.h"
 #include "view/cell_editing.h"
-#include "view/qt_draw_picture.h"
 
 class GridView : public QWidget {
   Q_OBJECT

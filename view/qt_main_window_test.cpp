@@ -6,8 +6,8 @@
 #include <fstream>
 #include <map>
 
-#include "dictionary/read_dictionary.h"
 #include "files/puzzle_file.h"
+#include "grid/choose_dictionary.h"
 #include "grid/drawing.h"
 #include "tests/qt_window_desk.h"
 

@@ -9,7 +9,7 @@
 #include <QRadioButton>
 #include <cmath>
 
-#include "view/qt_draw_picture_file.h"
+#include "draw/qt_picture_file.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <QDialog>
 
-#include "grid/ports.h"
+#include "files/publisher.h"
 
 class QCheckBox;
 class QDoubleSpinBox;

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QPrinter>
 
-#include "view/qt_draw_pages.h"
+#include "draw/qt_pages.h"
 
 class QPrintPreviewWidget;
 

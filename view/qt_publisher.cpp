@@ -1,7 +1,7 @@
 #include "view/qt_publisher.h"
 
-#include "view/qt_draw_picture_file.h"
-#include "view/qt_draw_printer.h"
+#include "draw/qt_picture_file.h"
+#include "draw/qt_printer.h"
 #include "view/qt_picture_dialog.h"
 #include "view/qt_print_preview.h"
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "grid/ports.h"
+#include "files/publisher.h"
 
 class QWidget;
 

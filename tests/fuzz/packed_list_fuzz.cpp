@@ -1,7 +1,7 @@
 // Whatever the bytes, a packed word list is read or refused with its line.
 
+#include "base/text_file.h"
 #include "dictionary/packed.h"
-#include "grid/text_file.h"
 #include "tests/fuzz/fuzz_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data,

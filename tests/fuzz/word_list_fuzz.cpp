@@ -1,7 +1,7 @@
 // Whatever the bytes, a word list is read or refused, and every word that it
 // gave fits its own letters.
 
-#include "dictionary/read_dictionary.h"
+#include "grid/choose_dictionary.h"
 #include "solver/matcher.h"
 #include "tests/fuzz/fuzz_file.h"
 #include "tests/quiet_host.h"

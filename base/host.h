@@ -1,0 +1,77 @@
+// The host: the user, the clock's events and chance, as operations meet them.
+//
+// The desktop program, the command line and the tests each bring their own.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+enum class PointerShape { Normal, Hourglass };
+
+enum class TriesAnswer { Abort = 3, Retry = 4, Ignore = 5 };
+
+enum class UnsavedAnswer { Save, Discard, Cancel };
+
+// What the program opens beside its messages.
+enum class Window { BlacksMenu, SolutionMenu, Overview, Help, About, Meaning };
+
+// What a file name is asked for with.
+struct FileRequest {
+  enum class Mode { Open, Save };
+  Mode mode = Mode::Open;
+  std::string Title;
+  std::string FileTypes;      // "*.txt;*.dic;*.dat"
+  std::string FileTypesName;  // "Dictionary Files"
+};
+
+class Host {
+ public:
+  virtual ~Host() = default;
+
+  // Message and question boxes, without a title.
+  virtual void Tell(std::string_view text) = 0;
+  virtual bool AskYesNo(std::string_view text) = 0;
+  virtual TriesAnswer AskTries(std::string_view text) = 0;
+  // A line of text; "" when cancelled.
+  virtual std::string AskText(std::string_view prompt, std::string_view title,
+                              std::string_view preset) = 0;
+  // The full path of a file; "" when cancelled.
+  virtual std::string AskFileName(const FileRequest& request) = 0;
+
+  // Whether to save a puzzle that is about to be replaced.
+  virtual UnsavedAnswer AskUnsaved(std::string_view) {
+    return UnsavedAnswer::Discard;
+  }
+
+  // Opens a window or a pop-up menu and returns when the user can work with
+  // it; Meaning returns when it is closed.  Nothing where there is no screen.
+  virtual void Open(Window) {}
+  // Leaves the program when no command runs, unless the user cancels.
+  virtual void Quit() {}
+
+  // A line that the solver's log has just taken; returns when the user has
+  // seen it, which makes the fill run step by step.
+  virtual void ShowLogLine(std::string_view line) = 0;
+
+  // Runs pending events if the user has pressed anything; the only point in
+  // a long loop at which Halt can be seen.
+  virtual void Poll() = 0;
+  // Runs pending events once.
+  virtual void RunEvents() = 0;
+  // Takes the place of Poll where only Halt can end the task, for example
+  // because "no further black square can be placed".
+  virtual void AwaitHalt(std::string_view why) = 0;
+
+  virtual void Pointer(PointerShape shape) = 0;
+
+  // A random number, 0 <= x < 1.
+  virtual double Chance() = 0;
+
+  // The program cannot go on.  Says why, keeps the user's work, and does not
+  // return.
+  [[noreturn]] virtual void EndProgram(std::string_view why) = 0;
+};
+
+// A whole number 1..max, each as likely as the next.
+int RandomUpTo(Host& host, int max);

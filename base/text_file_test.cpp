@@ -1,0 +1,77 @@
+#include "base/text_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/fakes.h"
+
+namespace {
+
+std::vector<std::string> Lines(const std::string& path) {
+  LineReader file(path);
+  std::vector<std::string> lines;
+  for (std::string_view line; file.Next(line);) lines.emplace_back(line);
+  return lines;
+}
+
+std::string Failure(const std::string& path) {
+  try {
+    Lines(path);
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+}  // namespace
+
+TEST(LineReader, TakesEveryKindOfLineEnd) {
+  using Texts = std::vector<std::string>;
+  const TestFolder folder;
+  EXPECT_EQ(Lines(folder.Write("a", "x\r\ny\nz\r\r\nw")),
+            (Texts{"x", "y", "z", "", "w"}));
+  EXPECT_EQ(Lines(folder.Write("b", "x\n\n")), (Texts{"x", ""}));
+  EXPECT_EQ(Lines(folder.Write("c", "")), Texts{});
+  // A line end that two reads of the file part.
+  const std::string chunk(65535, 'x');
+  EXPECT_EQ(Lines(folder.Write("d", chunk + "\r\ny")), (Texts{chunk, "y"}));
+}
+
+TEST(LineReader, RefusesWhatIsNoTextFile) {
+  const TestFolder folder;
+  EXPECT_NE(Failure(folder.Path("none")).find("none: cannot be opened: No"),
+            std::string::npos);
+  EXPECT_NE(Failure(folder.Path(".")).find("cannot be read"),
+            std::string::npos);
+  const std::string zeros(100, '\0');
+  EXPECT_NE(Failure(folder.Write("a", "x\n" + zeros)).find("not a text file"),
+            std::string::npos);
+  EXPECT_EQ(Failure(folder.Write("b", zeros.substr(0, 5))), "")
+      << "a few strange characters are let through";
+  EXPECT_NE(Failure(folder.Write("c", "x\n" + std::string(70000, 'x')))
+                .find("c:2: the line is too long"),
+            std::string::npos);
+  EXPECT_NE(Failure("/dev/zero").find("not a text file"), std::string::npos);
+}
+
+TEST(WriteFile, ReplacesAFileWholeOrNotAtAll) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", "old");
+  chmod(path.c_str(), 0640);
+  WriteFile(path, "new");
+  EXPECT_EQ(folder.Read("a"), "new");
+  struct stat status;
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0640u) << "the mode is kept";
+
+  // Through a link, the file behind it is replaced.
+  ASSERT_EQ(symlink(path.c_str(), folder.Path("link").c_str()), 0);
+  WriteFile(folder.Path("link"), "newer");
+  EXPECT_EQ(folder.Read("a"), "newer");
+
+  EXPECT_THROW(WriteFile(folder.Path("none/a"), "x"), FileError);
+  EXPECT_THROW(WriteFile("/dev/full", "x"), FileError);
+  const std::filesystem::directory_iterator files(folder.Path(".")), end;
+  EXPECT_EQ(std::distance(files, end), 2) << "no temporary file is left";
+}

@@ -1,5 +1,0 @@
-#include "grid/ports.h"
-
-int RandomUpTo(Host& host, int max) {
-  return std::min(static_cast<int>(host.Chance() * max) + 1, max);
-}
