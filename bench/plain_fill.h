@@ -43,7 +43,8 @@ class PlainFill {
   };
 
   static Slot SlotOf(const std::string& text) {
-    return {std::stoi(text.substr(0, 2)), Direction(text[2]),
+    return {std::stoi(text.substr(0, 2)),
+            Direction(text[2]),
             {std::stoi(text.substr(4, 2)), std::stoi(text.substr(7, 2))}};
   }
   static void InsertSorted(std::vector<std::string>& list,
@@ -90,8 +91,8 @@ class PlainFill {
     for (const std::string& row : masks_) {
       const std::string mask = row.substr(10);
       if (mask.find('?') == std::string::npos) {
-        const auto known = std::ranges::find(lists_[mask.size()], mask,
-                                             &ScoredWord::word);
+        const auto known =
+            std::ranges::find(lists_[mask.size()], mask, &ScoredWord::word);
         if (known == lists_[mask.size()].end())
           InsertSorted(counts_, "00000" + row);
         continue;

@@ -41,23 +41,20 @@ TEST(Sheet, PlacesEverythingToTheTwip) {
   EXPECT_EQ(canvas.calls[25], "box 1712,2212 2132,2632 line 15");
   const std::vector<std::string> rest(canvas.calls.begin() + 26,
                                       canvas.calls.end());
-  EXPECT_THAT(rest, ElementsAre(
-      "text 50,540 6 1", "text 150,620 14bf A",
-      "text 470,540 6 2", "text 570,620 14bf B",
-      "text 890,540 6 3",
-      "fill 1292,532 1712,952",
-      "text 50,960 6 4", "text 1310,960 6 5",
-      "fill 32,1372 452,1792", "text 470,1380 6 6",
-      "fill 1712,1372 2132,1792",
-      "text 50,1800 6 7",
-      "fill 452,2212 872,2632", "text 890,2220 6 8",
-      "text 1830,2300 14bf Z",
-      "text 250,3020 14b ACROSS", "text 5500,3020 14b DOWN",
-      StartsWith("text 0,3342 10f   1. ___"),
-      StartsWith("text 0,3569 10f   4. ___"),
-      StartsWith("text 0,3796 10f   6. ___"),
-      StartsWith("text 0,4023 10f   7. ___"),
-      StartsWith("text 0,4250 10f   8. ___")));
+  EXPECT_THAT(
+      rest,
+      ElementsAre(
+          "text 50,540 6 1", "text 150,620 14bf A", "text 470,540 6 2",
+          "text 570,620 14bf B", "text 890,540 6 3", "fill 1292,532 1712,952",
+          "text 50,960 6 4", "text 1310,960 6 5", "fill 32,1372 452,1792",
+          "text 470,1380 6 6", "fill 1712,1372 2132,1792", "text 50,1800 6 7",
+          "fill 452,2212 872,2632", "text 890,2220 6 8",
+          "text 1830,2300 14bf Z", "text 250,3020 14b ACROSS",
+          "text 5500,3020 14b DOWN", StartsWith("text 0,3342 10f   1. ___"),
+          StartsWith("text 0,3569 10f   4. ___"),
+          StartsWith("text 0,3796 10f   6. ___"),
+          StartsWith("text 0,4023 10f   7. ___"),
+          StartsWith("text 0,4250 10f   8. ___")));
 }
 
 TEST(Sheet, GridOnlyHasLettersButNoNumbersAndNoLists) {
@@ -99,9 +96,8 @@ TEST(Sheet, ListsGoOnOverFurtherPagesAndNothingIsCutOff) {
       const auto entries = canvas.Calls("text 0,");
       ASSERT_EQ(entries.size(), lines.size());
       for (std::size_t i = 0; i < lines.size(); ++i)
-        EXPECT_THAT(entries[i],
-                    testing::EndsWith(
-                        lines[i].substr(0, lines[i].find_last_of('_') + 1)));
+        EXPECT_THAT(entries[i], testing::EndsWith(lines[i].substr(
+                                    0, lines[i].find_last_of('_') + 1)));
       EXPECT_THAT(canvas.Calls("box"), SizeIs(n * n));
       EXPECT_LE(canvas.right, width) << n;
       EXPECT_LE(canvas.bottom, height) << n;
@@ -118,8 +114,10 @@ TEST(Sheet, AGridThatIsTooWideIsDrawnSmaller) {
   const double scale = kWidth / (51.0 * CellSize + GridMargin + 7);
   EXPECT_EQ(canvas.Calls("box")[0], "box 16,516 220,720 line 7");
   EXPECT_NEAR(canvas.right, kWidth, 8);
-  EXPECT_THAT(canvas.Calls("text 73,559 "), ElementsAre(StartsWith(
-      "text 73,559 " + testing::PrintToString(14 * scale).substr(0, 5))));
+  EXPECT_THAT(
+      canvas.Calls("text 73,559 "),
+      ElementsAre(StartsWith("text 73,559 " +
+                             testing::PrintToString(14 * scale).substr(0, 5))));
 }
 
 TEST(Sheet, LongTitlesAreDrawnSmallerThenBroken) {
@@ -150,7 +148,9 @@ TEST(Sheet, LongTitlesAreDrawnSmallerThenBroken) {
   // More lines than a page holds.
   EXPECT_THAT(titles(std::string(80 * 30, 'd'), 5000), SizeIs(31));
   // What no font can show is blank.
-  EXPECT_THAT(titles("A\tB\x1b" "C\x85"), ElementsAre("text 750,0 14b A B C"));
+  EXPECT_THAT(titles("A\tB\x1b"
+                     "C\x85"),
+              ElementsAre("text 750,0 14b A B C"));
 }
 
 TEST(PrintPuzzle, SaysThatItIsDoneWhenThePaperIs) {
