@@ -58,7 +58,8 @@ class CliTest(unittest.TestCase):
         printed = self.run_cli("fill", self.ring, "-d", few, "--log",
                                "--start", "1A",
                                "--tries", "retry", status=1)
-        self.assertIn("Tried:YOUTH, mask failed: 2\nfound: 1 1 ABBEY\n", printed)
+        self.assertIn("Tried:YOUTH, mask failed: 2\nfound: 1 1 ABBEY\n",
+                      printed)
         self.assertNotIn("completed", printed)
         open_grid = self.write("open.kdp", "\r\n" + ".....\r\n" * 5)
         out = self.folder / "none.kdp"

@@ -1,9 +1,10 @@
-"""Checks that sources keep to the layers: who may include whom, where Qt may
-be used, how long lines and files may be.
+"""Checks that sources keep to the layers: who may include whom, where Qt, CUPS
+and SQLite may be used, how long lines, functions and files may be.
 
     check_layers.py [SOURCE_DIR]
 """
 
+import ast
 import pathlib
 import re
 import sys
@@ -25,10 +26,14 @@ MAY_INCLUDE = {
     "cli": {*HEADLESS, "draw", "view", "cli"},
     "app": {*HEADLESS, "draw", "controls", "view", "app"},
 }
+FOLDERS = [*MAY_INCLUDE, "bench", "data", "tests", "tools"]
 LONGEST_LINE = 80
+LONGEST_FUNCTION = 50
 LONGEST_FILE = 400
 
 INCLUDE = re.compile(r'#include ([<"])([^">]+)[">]')
+RAW_STRING = re.compile(r'R"(\w*)\(.*?\)\1"', re.DOTALL)
+NO_FUNCTION = re.compile(r"(namespace|class|struct|enum|union)\b|[#/]")
 
 
 def qt_is_allowed(path):
@@ -64,10 +69,39 @@ def is_test(path):
     return path.stem.endswith("_test") or path.parts[0] in {"bench", "tests"}
 
 
+def python_functions(text):
+    """The first and last line of each function, from 1."""
+    for node in ast.walk(ast.parse(text)):
+        if isinstance(node, ast.FunctionDef):
+            yield node.lineno, node.end_lineno
+
+
+def cpp_functions(text):
+    """The first and last line of each function, from 1.  Leans on the
+    formatter: a body ends with a brace that is indented like the line where
+    the function begins."""
+    text = RAW_STRING.sub(lambda raw: '""' + "\n" * raw[0].count("\n"), text)
+    begins = {}
+    for number, line in enumerate(text.splitlines(), 1):
+        indent = len(line) - len(line.lstrip())
+        if re.match(r" *}", line):
+            first, opening = begins.pop(indent, (number, ""))
+            if "(" in opening and " = {" not in opening:
+                yield first, number
+        elif line.strip():
+            opens = not NO_FUNCTION.match(line.strip())
+            begins[indent] = number, line if opens else ""
+
+
 def faults_in(root, path):
-    lines = (root / path).read_text(encoding="utf-8").splitlines()
+    text = (root / path).read_text(encoding="utf-8")
+    lines = text.splitlines()
     if len(lines) > LONGEST_FILE:
         yield f"{path}: {len(lines)} lines"
+    functions = python_functions if path.suffix == ".py" else cpp_functions
+    for first, last in functions(text):
+        if last - first >= LONGEST_FUNCTION:
+            yield f"{path}:{first}: a function of {last - first + 1} lines"
     for number, line in enumerate(lines, 1):
         if len(line) > LONGEST_LINE:
             yield f"{path}:{number}: {len(line)} columns"
@@ -78,10 +112,9 @@ def faults_in(root, path):
 
 
 def main(root):
-    paths = sorted(path.relative_to(root)
-                   for folder in [*MAY_INCLUDE, "bench", "tests"]
+    paths = sorted(path.relative_to(root) for folder in FOLDERS
                    for path in (root / folder).rglob("*")
-                   if path.suffix in {".h", ".cpp"})
+                   if path.suffix in {".h", ".cpp", ".py"})
     faults = [fault for path in paths for fault in faults_in(root, path)]
     print("\n".join(faults) if faults
           else f"{len(paths)} source files keep to the layers")
