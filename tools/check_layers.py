@@ -33,7 +33,8 @@ LONGEST_FILE = 400
 
 INCLUDE = re.compile(r'#include ([<"])([^">]+)[">]')
 RAW_STRING = re.compile(r'R"(\w*)\(.*?\)\1"', re.DOTALL)
-NO_FUNCTION = re.compile(r"(namespace|class|struct|enum|union)\b|[#/]")
+NO_FUNCTION = re.compile(r"(namespace|class|struct|enum|union|if|for|while|"
+                         r"switch)\b|[#/]")
 
 
 def qt_is_allowed(path):
@@ -80,7 +81,9 @@ def cpp_functions(text):
     """The first and last line of each function, from 1.  Leans on the
     formatter: a body ends with a brace that is indented like the line where
     the function begins."""
-    text = RAW_STRING.sub(lambda raw: '""' + "\n" * raw[0].count("\n"), text)
+    text = RAW_STRING.sub(
+        lambda raw: "\n".join([" " * LONGEST_LINE] * len(raw[0].split("\n"))),
+        text)
     begins = {}
     for number, line in enumerate(text.splitlines(), 1):
         indent = len(line) - len(line.lstrip())
