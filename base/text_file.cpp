@@ -21,6 +21,17 @@ constexpr std::size_t kLargestFile = 1 << 28;
                   std::strerror(error));
 }
 
+// Waits for nobody: a pipe is opened, seen to be one and refused.
+std::FILE* OpenRegular(const std::string& path) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return nullptr;
+  struct stat status;
+  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
+    return fdopen(descriptor, "rb");
+  close(descriptor);
+  throw FileError(path + ": this is not a regular file");
+}
+
 // A file that is open for writing.
 class OutputFile {
  public:
@@ -72,10 +83,11 @@ mode_t ModeFor(const std::string& path) {
 
 }  // namespace
 
-LineReader::LineReader(const std::string& path)
+LineReader::LineReader(const std::string& path, Opens what)
     : path_(path),
-      file_(path == "-" ? fdopen(dup(STDIN_FILENO), "rb")
-                        : std::fopen(path.c_str(), "rb")) {
+      file_(what == Opens::RegularFiles ? OpenRegular(path)
+            : path == "-"               ? fdopen(dup(STDIN_FILENO), "rb")
+                                        : std::fopen(path.c_str(), "rb")) {
   if (!file_) FailWith(path, "cannot be opened", errno);
 }
 

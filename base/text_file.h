@@ -16,6 +16,10 @@ class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// What may be opened.  A pipe or a device can make a reader wait for ever: a
+// script may want that, a window does not.
+enum class Opens { Anything, RegularFiles };
+
 // The lines of a file ("-": of standard input), whose end is CR LF, LF or
 // CR.  A file that begins with
 // many control characters is no text; more than 256 MiB or a line of more
@@ -23,7 +27,7 @@ class FileError : public std::runtime_error {
 // that cannot be opened or read.
 class LineReader {
  public:
-  explicit LineReader(const std::string& path);
+  explicit LineReader(const std::string& path, Opens what = Opens::Anything);
 
   // Reads the next line, without its end; false when there is none.  The
   // view holds until the next call.

@@ -55,6 +55,22 @@ TEST(LineReader, RefusesWhatIsNoTextFile) {
   EXPECT_NE(Failure("/dev/zero").find("not a text file"), std::string::npos);
 }
 
+TEST(LineReader, WaitsForNoPipeWhereOnlyRegularFilesMayBeOpened) {
+  const TestFolder folder;
+  const std::string pipe = folder.Path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string link = folder.Path("link");
+  ASSERT_EQ(symlink(pipe.c_str(), link.c_str()), 0);
+  for (const std::string& path :
+       {pipe, link, folder.Path("."), std::string("/dev/tty"),
+        std::string("/dev/zero"), std::string("-"), folder.Path("none")})
+    EXPECT_THROW(LineReader(path, Opens::RegularFiles), FileError) << path;
+  LineReader file(folder.Write("a", "x"), Opens::RegularFiles);
+  std::string_view line;
+  EXPECT_TRUE(file.Next(line));
+  EXPECT_EQ(line, "x");
+}
+
 TEST(WriteFile, ReplacesAFileWholeOrNotAtAll) {
   const TestFolder folder;
   const std::string path = folder.Write("a", "old");

@@ -1,7 +1,5 @@
 #include "dictionary/read_words.h"
 
-#include "base/text_file.h"
-
 namespace {
 
 constexpr std::size_t kShortestWord = 3;
@@ -20,10 +18,10 @@ bool CountLetters(std::string_view line, WordTable& words) {
 
 }  // namespace
 
-WordTable ReadWords(const std::string& path, Host& host,
+WordTable ReadWords(const std::string& path, Opens what, Host& host,
                     const std::function<void()>& onWord) {
   WordTable words;
-  LineReader file(path);
+  LineReader file(path, what);
   for (std::string_view line; file.Next(line);) {
     const std::string word = UpperCase(line);
     if (!CountLetters(word, words)) continue;

@@ -58,8 +58,8 @@ FileRequest RequestPuzzle(FileRequest::Mode mode, std::string title) {
 
 }  // namespace
 
-Puzzle ReadPuzzle(const std::string& path) {
-  LineReader file(path);
+Puzzle ReadPuzzle(const std::string& path, Opens what) {
+  LineReader file(path, what);
   Puzzle puzzle;
   std::string_view line;
   if (!file.Next(line)) throw FileError(path + ": the file is empty");
@@ -114,7 +114,7 @@ void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle) {
 
 bool OpenPuzzle(State& state, Ports ports, const std::string& path) {
   try {
-    const Puzzle puzzle = ReadPuzzle(path);
+    const Puzzle puzzle = ReadPuzzle(path, Opens::RegularFiles);
     ports.host.Pointer(PointerShape::Hourglass);
     ShowPuzzle(state, ports, puzzle);
   } catch (const EvenGridSize&) {

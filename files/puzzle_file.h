@@ -29,7 +29,7 @@ class EvenGridSize : public FileError {
 // lines after the last row are passed over.  Throws FileError for a file that
 // is no puzzle or larger than the largest grid, EvenGridSize for one of even
 // size.
-Puzzle ReadPuzzle(const std::string& path);
+Puzzle ReadPuzzle(const std::string& path, Opens what = Opens::Anything);
 
 // The text of a puzzle file for the grid as it is.
 std::string PuzzleText(const State& state);

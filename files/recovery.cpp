@@ -121,7 +121,7 @@ std::vector<AbandonedCopy> Recovery::FindAbandoned() const {
     if (!copy.lock.Held()) continue;
     copy.puzzlePath = copy.lock.Read();
     try {
-      copy.puzzle = ReadPuzzle(copy.path);
+      copy.puzzle = ReadPuzzle(copy.path, Opens::RegularFiles);
       found.push_back(std::move(copy));
     } catch (const FileError&) {
       std::error_code ignored;

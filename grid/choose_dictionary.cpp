@@ -22,18 +22,18 @@ void ListStatistics(State& state, const WordTable& words) {
 
 void Read(State& state, WordTable& words, Host& host, const std::string& path,
           const std::string& shownName) {
-  ReadDictionary(state, words, host, path);
+  ReadDictionary(state, words, host, path, Opens::RegularFiles);
   state.Label3 = shownName;
 }
 
 }  // namespace
 
 void ReadDictionary(State& state, WordTable& words, Host& host,
-                    const std::string& path) {
+                    const std::string& path, Opens what) {
   host.Pointer(PointerShape::Hourglass);
   state.ProgBar = {0, kProgressSweep, "Reading Dictionary"};
   double& progress = state.ProgBar.Value;
-  words = ReadWords(path, host, [&] {
+  words = ReadWords(path, what, host, [&] {
     progress = progress < kProgressSweep ? progress + 1 : 0;
   });
   ListStatistics(state, words);

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/text_file.h"
 #include "dictionary/word_table.h"
 #include "grid/state.h"
 
@@ -13,7 +14,7 @@
 // Throws FileError for a file that cannot be read, with the words and the
 // lists unchanged; ends the program when a length has too many words.
 void ReadDictionary(State& state, WordTable& words, Host& host,
-                    const std::string& path);
+                    const std::string& path, Opens what = Opens::Anything);
 
 // The dictionary choice: reads level 0..2, or for 3 a file that the user
 // chooses, and says how many words it has.

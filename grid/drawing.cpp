@@ -33,7 +33,10 @@ void DrawCell(const State& state, Picture& picture, Pos cell, Colour colour) {
 }
 
 void DrawCellText(const State& state, Picture& picture, Pos cell, char letter) {
-  picture.CellText(cell, state.CellNumbers[cell.row][cell.col], letter);
+  // A cell that has just become black may still have its number.
+  const int number =
+      state.IsBlack(cell) ? 0 : state.CellNumbers[cell.row][cell.col];
+  picture.CellText(cell, number, letter);
 }
 
 void RedrawAllCells(const State& state, Picture& picture) {

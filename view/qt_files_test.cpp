@@ -1,5 +1,6 @@
 // Files and recovery through the window.
 
+#include <sys/stat.h>
 #include <QFile>
 #include <QFileInfo>
 
@@ -45,6 +46,19 @@ TEST(Files, OpensAFileNamedAtTheStart) {
   EXPECT_EQ(desk.window->windowTitle().toStdString(),
             "Puzzle File: " + path + "[*]");
   EXPECT_FALSE(desk.window->isWindowModified());
+}
+
+// Each would be waited for for ever, or never end.
+TEST(Files, WhatIsNoRegularFileIsRefusedAtOnce) {
+  WindowDesk desk;
+  const std::string pipe = desk.Folder() + "/pipe.kdp";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path :
+       {pipe, desk.Folder(), std::string("/dev/zero")}) {
+    desk.window->Start(path);
+    EXPECT_TRUE(desk.boxes.back().starts_with("error loading: " + path));
+    EXPECT_EQ(desk.window->windowTitle(), "Kelda[*]");
+  }
 }
 
 TEST(Files, CancelKeepsThePuzzleWhenQuitting) {

@@ -37,8 +37,9 @@ MainWindow::MainWindow(App& app, WindowHost& host, QtPicture& picture,
   BuildMenus();
   auto* centre = new QWidget;
   auto* layout = new QHBoxLayout(centre);
-  layout->setContentsMargins(2, 2, 2, 4);
-  layout->setSpacing(3);
+  // As narrow as lets 21 cells be seen without scrolling.
+  layout->setContentsMargins(0, 2, 2, 4);
+  layout->setSpacing(1);
   layout->addWidget(BuildGridSide(), 1);
   layout->addWidget(frames_ = new Frames4(binding_));
   layout->addWidget(debugPanel_ = new DebugPanel(app_, binding_));

@@ -17,6 +17,15 @@ void Show(QLineEdit* box, const QString& text) {
   if (box->hasFocus()) box->setCursorPosition(cursor);
 }
 
+// Tab goes to the marked choice alone, whoever marked it.
+void Mark(const std::array<QRadioButton*, 4>& choices, int marked) {
+  choices[marked]->setChecked(true);
+  for (QRadioButton* choice : choices) {
+    choice->setFocusPolicy(choice->isChecked() ? Qt::StrongFocus
+                                               : Qt::ClickFocus);
+  }
+}
+
 void Show(QLabel* label, const std::string& text) {
   const QString shown = FromBytes(text);
   if (label->text() != shown) label->setText(shown);
@@ -50,7 +59,7 @@ void MainWindow::ShowState() {
   Show(frames_->Label3, state.Label3);
   frames_->Label3->setToolTip(FromBytes(state.Label3));
   Show(frames_->Label9, state.Label9);
-  frames_->DictOpt[state.DictOpt]->setChecked(true);
+  Mark(frames_->DictOpt, state.DictOpt);
   frames_->gauge->SetWidth(state.GaugeWidth);
   Show(frames_->WordProg, state.WordProg);
   Show(ProgBar_, state.ProgBar);
