@@ -15,7 +15,7 @@
 
 #include "autofill/board.h"
 #include "autofill/search.h"
-#include "autofill/word_list.h"
+#include "dictionary/word_list.h"
 
 namespace autofill {
 

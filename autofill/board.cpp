@@ -4,7 +4,7 @@
 #include <cctype>
 #include <stdexcept>
 
-#include "autofill/word_list.h"
+#include "dictionary/word_list.h"
 
 namespace autofill {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "autofill/board.h"
-#include "autofill/word_list.h"
+#include "dictionary/word_list.h"
 
 namespace autofill {
 

@@ -4,7 +4,7 @@
 #include <bit>
 #include <utility>
 
-#include "autofill/word_list.h"
+#include "dictionary/word_list.h"
 
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
 #define KELDA_CLONES __attribute__((target_clones("avx2", "default")))

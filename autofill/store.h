@@ -20,7 +20,7 @@
 
 #include "autofill/board.h"
 #include "autofill/kernels.h"
-#include "autofill/word_list.h"
+#include "dictionary/word_list.h"
 
 namespace autofill {
 

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "autofill/autofill.h"
-#include "autofill/read_list.h"
 #include "autofill/store.h"
+#include "dictionary/read_list.h"
 
 namespace autofill {
 

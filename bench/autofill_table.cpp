@@ -20,7 +20,7 @@
 #include <map>
 
 #include "autofill/autofill.h"
-#include "autofill/read_list.h"
+#include "dictionary/read_list.h"
 
 namespace {
 
@@ -63,7 +63,7 @@ autofill::Rows ReadRows(const std::filesystem::path& path) {
   return rows;
 }
 
-Row Measure(const std::filesystem::path& path, const autofill::WordList& words,
+Row Measure(const std::filesystem::path& path, const WordList& words,
             const Arguments& arguments) {
   Row row{.name = path.stem().string(),
           .set = SetOf(path.stem().string()),
@@ -74,7 +74,7 @@ Row Measure(const std::filesystem::path& path, const autofill::WordList& words,
   for (int seed = 1; seed <= arguments.seeds; ++seed) {
     options.seed = seed;
     const double start = ProcessorSeconds();
-    const autofill::Result result = Fill(rows, words, options);
+    const autofill::Result result = autofill::Fill(rows, words, options);
     row.milliseconds.push_back((ProcessorSeconds() - start) * 1e3);
     row.outcomes += "FIS"[static_cast<int>(result.status)];
     row.nodes += result.statistics.nodes;
@@ -121,9 +121,9 @@ void PrintSets(const std::vector<Row>& rows) {
 int Run(const Arguments& arguments) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point begin = Clock::now();
-  autofill::WordListBuilder builder;
+  WordListBuilder builder;
   ReadList(arguments.list, 0, 0, builder);
-  const autofill::WordList words = builder.Build();
+  const WordList words = builder.Build();
   const std::chrono::duration<double, std::milli> load = Clock::now() - begin;
   std::printf("%s: %d words, loaded in %.0f ms\n", arguments.list.c_str(),
               words.Count(), load.count());

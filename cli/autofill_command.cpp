@@ -52,10 +52,10 @@ int CountOpenEntries(const autofill::Rows& rows) {
 }
 
 Report Run(const Arguments& arguments, const autofill::Rows& rows,
-           const autofill::WordList& words) {
+           const WordList& words) {
   Report report;
   if (arguments.best) {
-    const auto best = FillBest(rows, words, arguments.options, GoOn);
+    const auto best = autofill::FillBest(rows, words, arguments.options, GoOn);
     report.result = best.fill;
     report.best = best.Text();
     report.tried = best.tried;
@@ -63,12 +63,12 @@ Report Run(const Arguments& arguments, const autofill::Rows& rows,
   } else if (arguments.count > 1) {
     const int differ =
         arguments.differ > 0 ? arguments.differ : CountOpenEntries(rows) / 4;
-    auto several = FillSeveral(rows, words, arguments.options, arguments.count,
-                               differ, GoOn);
+    auto several = autofill::FillSeveral(rows, words, arguments.options,
+                                         arguments.count, differ, GoOn);
     report.fills = several.fills;
     report.result = several.fills.empty() ? several.last : several.fills[0];
   } else {
-    report.result = Fill(rows, words, arguments.options, GoOn);
+    report.result = autofill::Fill(rows, words, arguments.options, GoOn);
   }
   if (report.fills.empty() && report.result.status == Status::Filled)
     report.fills = {report.result};
@@ -171,7 +171,7 @@ void PrintFills(const Report& report) {
 }
 
 int RunPuzzle(const Arguments& arguments, const std::string& name,
-              const autofill::WordList& words) {
+              const WordList& words) {
   try {
     const Puzzle puzzle = ReadPuzzleOrGrid(name);
     const Report report = Run(arguments, RowsOf(puzzle), words);
@@ -213,7 +213,7 @@ void PrepareFolder(const Arguments& arguments) {
 
 int RunAutofill(const Arguments& arguments) {
   std::signal(SIGINT, [](int) { interrupted = 1; });
-  const autofill::WordList words = LoadLists(arguments.lists);
+  const WordList words = LoadLists(arguments.lists);
   if (!arguments.out.empty() && IntoFolder(arguments)) PrepareFolder(arguments);
   int status = kDone;
   for (const std::string& puzzle : arguments.puzzles) {

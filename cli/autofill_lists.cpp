@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <iostream>
 
-#include "autofill/read_list.h"
 #include "base/text.h"
 #include "cli/session.h"
 #include "dictionary/levels.h"
+#include "dictionary/read_list.h"
 #include "grid/state.h"
 
 namespace {
@@ -30,7 +30,7 @@ ListChoice ParseChoice(const std::string& text) {
 }
 
 std::string CheckChoice(const std::string& text) {
-  return ParseChoice(text).minimum <= autofill::kBestScore
+  return ParseChoice(text).minimum <= kBestScore
              ? ""
              : "the least score of a list is from 0 to 100";
 }
@@ -48,8 +48,8 @@ void AddListOption(CLI::App& command, std::vector<std::string>& lists) {
       ->check(CheckChoice);
 }
 
-autofill::WordList LoadLists(const std::vector<std::string>& lists) {
-  autofill::WordListBuilder builder;
+WordList LoadLists(const std::vector<std::string>& lists) {
+  WordListBuilder builder;
   int number = 0;
   for (const std::string& text :
        lists.empty() ? std::vector<std::string>{"2"} : lists) {
@@ -58,11 +58,10 @@ autofill::WordList LoadLists(const std::vector<std::string>& lists) {
         list.name.size() == 1 && list.name >= "1" && list.name <= "3";
     const std::string path =
         isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1']) : list.name;
-    const autofill::LoadReport report =
-        autofill::ReadList(path, list.minimum, number++, builder);
+    const LoadReport report = ReadList(path, list.minimum, number++, builder);
     if (!isLevel) std::cerr << report.Text() << "\n";
   }
-  autofill::WordList words = builder.Build();
+  WordList words = builder.Build();
   if (words.Count() == 0)
     throw FileError("the word lists hold no word of 3 to 51 letters");
   return words;

@@ -17,7 +17,7 @@ void AddListOption(CLI::App& command, std::vector<std::string>& lists);
 // Loads the lists: each a file, or 1, 2 or 3 for a level, with the least
 // score behind a colon.  A report of each list of one's own goes to standard
 // error.  Throws FileError when one can't be read or no word is left.
-autofill::WordList LoadLists(const std::vector<std::string>& lists);
+WordList LoadLists(const std::vector<std::string>& lists);
 
 // A puzzle file, or only the rows of a grid, which then have no title.
 Puzzle ReadPuzzleOrGrid(const std::string& path);

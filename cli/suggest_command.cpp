@@ -20,11 +20,11 @@ struct Arguments {
 
 int RunSuggest(const Arguments& arguments) {
   const Puzzle puzzle = ReadPuzzleOrGrid(arguments.puzzle);
-  const autofill::WordList words = LoadLists(arguments.lists);
+  const WordList words = LoadLists(arguments.lists);
   autofill::Suggestions found;
   try {
-    found =
-        Suggest(RowsOf(puzzle), words, {}, arguments.entry, arguments.limit);
+    found = autofill::Suggest(RowsOf(puzzle), words, {}, arguments.entry,
+                              arguments.limit);
   } catch (const std::invalid_argument& error) {
     std::cerr << "kelda-cli: " << arguments.puzzle << ": " << error.what()
               << "\n";

@@ -36,19 +36,18 @@ WordIndex::WordIndex(int length, std::string_view letters,
   byRank_.resize(count);
   std::ranges::transform(entries, byRank_.begin(), &Entry::j);
 
-  rowOf_.fill(-1);
+  codes_.fill(-1);
+  int codes = 0;
   for (unsigned char c : letters)
-    if (rowOf_[c] < 0) rowOf_[c] = static_cast<short>(letterCount_++);
+    if (codes_[c] < 0) codes_[c] = static_cast<short>(codes++);
 
-  const std::size_t blocks = (count + 63) / 64;
-  all_.assign(blocks, 0);
-  bits_.assign(blocks * letterCount_ * length, 0);
+  index_ = LetterIndex(length, codes, count);
+  all_.assign(index_.Blocks(), 0);
   for (int rank = 0; rank < count; ++rank) {
-    const std::uint64_t bit = std::uint64_t{1} << (rank % 64);
-    all_[rank / 64] |= bit;
+    all_[rank / 64] |= std::uint64_t{1} << (rank % 64);
     for (int i = 0; i < length; ++i) {
       const unsigned char c = letters[byRank_[rank] * length + i];
-      bits_[(i * letterCount_ + rowOf_[c]) * blocks + rank / 64] |= bit;
+      index_.Add(rank, i, codes_[c]);
     }
   }
 }
@@ -57,9 +56,9 @@ std::optional<WordIndex::Rows> WordIndex::RowsOf(const Mask& mask) const {
   Rows rows;
   for (int i = 0; i < mask.Size(); ++i) {
     if (mask[i] == kAnyLetter) continue;
-    const int row = rowOf_[static_cast<unsigned char>(mask[i])];
-    if (row < 0) return std::nullopt;
-    rows.rows[rows.count++] = &bits_[(i * letterCount_ + row) * Blocks()];
+    const int code = codes_[static_cast<unsigned char>(mask[i])];
+    if (code < 0) return std::nullopt;
+    rows.rows[rows.count++] = index_.WordsWith(i, code);
   }
   if (rows.count == 0) rows.rows[rows.count++] = all_.data();
   return rows;

@@ -1,4 +1,4 @@
-// The words of one length by position and letter, as bitsets.
+// The words of one length that fit a mask, for the step-by-step fill.
 //
 // A word's bit is its rank: its place among all words of the length in the
 // order of their candidate rows (by the text of the score, then the word).
@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dictionary/letter_index.h"
 #include "dictionary/word.h"
 
 // Orders scores as texts of six digits or more that a letter follows are
@@ -22,7 +23,7 @@ using Bits = std::vector<std::uint64_t>;
 
 class WordIndex {
  public:
-  WordIndex() { rowOf_.fill(-1); }  // of no words
+  WordIndex() { codes_.fill(-1); }  // of no words
   // The letters of all words one after another, and their scores.
   WordIndex(int length, std::string_view letters,
             const std::vector<int>& scores);
@@ -48,9 +49,8 @@ class WordIndex {
   static std::uint64_t Intersect(const Rows& rows, const Bits& excluded,
                                  std::size_t block);
 
-  std::array<short, 256> rowOf_;  // by letter, -1 when it does not occur
-  int letterCount_ = 0;           // how many letters occur
+  std::array<short, 256> codes_;  // by letter, -1 when it does not occur
   std::vector<int> byRank_;
-  Bits all_;   // one block row with a bit for every word
-  Bits bits_;  // by position, row of the letter and block
+  Bits all_;  // with a bit for every word
+  LetterIndex index_;
 };

@@ -1,11 +1,9 @@
-#include "autofill/word_list.h"
+#include "dictionary/word_list.h"
 
 #include <algorithm>
 #include <bit>
 #include <cassert>
 #include <numeric>
-
-namespace autofill {
 
 int LengthTable::CountFrom(int score) const {
   auto below = std::partition_point(scores.begin(), scores.end(),
@@ -124,13 +122,13 @@ bool WordListBuilder::Add(std::string_view word, int score, int minimum,
 
 static void SetSize(LengthTable& table, int words) {
   table.count = words;
-  table.blocks = (table.count + 63) / 64;
-  size_t count = table.count, bitsets = size_t{kLetters} * table.length;
+  table.index = LetterIndex(table.length, kLetters, words);
+  table.blocks = table.index.Blocks();
+  const size_t count = table.count;
   table.scores.resize(count);
   table.letters.resize(count * table.length);
   table.rows.resize(count * table.lanes);
-  table.support.resize(bitsets * table.blocks);
-  table.supportCount.resize(bitsets);
+  table.supportCount.resize(size_t{kLetters} * table.length);
 }
 
 // Rows and supports from the letters, front to back.
@@ -138,13 +136,10 @@ static void IndexWords(LengthTable& table) {
   for (int word = 0; word < table.count; ++word) {
     const uint8_t* letters = table.Letters(word);
     uint32_t* row = &table.rows[static_cast<size_t>(word) * table.lanes];
-    uint64_t* block = &table.support[word / 64];
-    uint64_t bit = uint64_t{1} << (word % 64);
     for (int p = 0; p < table.length; ++p) {
-      int bitset = p * kLetters + letters[p];
       row[p] = 1u << letters[p];
-      block[static_cast<size_t>(bitset) * table.blocks] |= bit;
-      ++table.supportCount[bitset];
+      table.index.Add(word, p, letters[p]);
+      ++table.supportCount[p * kLetters + letters[p]];
     }
   }
 }
@@ -201,5 +196,3 @@ WordList WordListBuilder::Build() {
   for (LengthTable& table : list.tables_) IndexWords(table);
   return list;
 }
-
-}  // namespace autofill

@@ -1,4 +1,4 @@
-#include "autofill/read_list.h"
+#include "dictionary/read_list.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -10,7 +10,6 @@
 
 #include "base/text_file.h"
 
-namespace autofill {
 namespace {
 
 class TemporaryFile {
@@ -48,10 +47,10 @@ TEST(ParseLine, TakesTheUsualForms) {
       {"caf\xE9", "CAFE", 50, true},
       {"\xC6on", "AEON", 50, true},
   };
-  Line line;
+  ListLine line;
   for (const Case& c : cases) {
     ParseLine(c.line, line);
-    EXPECT_EQ(line.kind, Line::Kind::Word) << c.line;
+    EXPECT_EQ(line.kind, ListLine::Kind::Word) << c.line;
     EXPECT_EQ(line.word, c.word);
     EXPECT_EQ(line.score, c.score);
     EXPECT_EQ(line.folded, c.folded);
@@ -71,23 +70,23 @@ TEST(ParseLine, RefusesWithAReason) {
       {"\xD0\x9A\xD0\xBE\xD1\x82", Refusal::NoLetter},
       {std::string(52, 'A'), Refusal::TooLong},
   };
-  Line line;
+  ListLine line;
   for (const auto& [text, refusal] : cases) {
     ParseLine(text, line);
-    EXPECT_EQ(line.kind, Line::Kind::Refused) << text;
+    EXPECT_EQ(line.kind, ListLine::Kind::Refused) << text;
     EXPECT_EQ(line.refusal, refusal) << text;
   }
   for (const char* text : {"", "  \t", "# CAT"}) {
     ParseLine(text, line);
-    EXPECT_EQ(line.kind, Line::Kind::Nothing);
+    EXPECT_EQ(line.kind, ListLine::Kind::Nothing);
   }
 }
 
 RC_GTEST_PROP(ParseLine, MakesAWordOrARefusalOfAnything,
               (const std::string& text)) {
-  Line line;
+  ListLine line;
   ParseLine(text, line);
-  if (line.kind != Line::Kind::Word) return;
+  if (line.kind != ListLine::Kind::Word) return;
   RC_ASSERT(line.word.size() >= 3u && line.word.size() <= 51u);
   RC_ASSERT(line.score >= 0 && line.score <= 100);
   for (char c : line.word) RC_ASSERT(c >= 'A' && c <= 'Z');
@@ -177,4 +176,3 @@ RC_GTEST_PROP(WordList, HoldsEachWordOnceBestScoreFirst,
 }
 
 }  // namespace
-}  // namespace autofill

@@ -12,9 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "autofill/word_list.h"
-
-namespace autofill {
+#include "dictionary/word_list.h"
 
 // Why a line was refused.
 enum class Refusal { TooShort, TooLong, NoLetter, BadScore };
@@ -36,7 +34,7 @@ struct LoadReport {
   std::string Text() const;
 };
 
-struct Line {
+struct ListLine {
   enum class Kind { Nothing, Word, Refused };
   Kind kind = Kind::Nothing;
   std::string word;
@@ -46,11 +44,13 @@ struct Line {
 };
 
 // Takes a line apart; `line` is reused.
-void ParseLine(std::string_view text, Line& line);
+void ParseLine(std::string_view text, ListLine& line);
+
+// Appends the letters of a text as the words of lists have them: "Cote d'Azur"
+// gives "COTEDAZUR".  False when something in it is no letter A-Z.
+bool FoldWord(std::string_view text, std::string& word);
 
 // Adds a list to the builder; `number` tells the lists apart.  Throws
-// FileError (grid/text_file.h) for what can't be read or isn't text.
+// FileError for what can't be read or isn't text.
 LoadReport ReadList(const std::string& path, int minimum, int number,
                     WordListBuilder& builder);
-
-}  // namespace autofill

@@ -1,11 +1,10 @@
-#include "autofill/read_list.h"
+#include "dictionary/read_list.h"
 
 #include <algorithm>
 #include <numeric>
 
 #include "base/text_file.h"
 
-namespace autofill {
 namespace {
 
 constexpr std::string_view kReasons[kRefusals] = {
@@ -40,25 +39,6 @@ bool AddAccented(std::string_view text, size_t& i, std::string& word) {
   return true;
 }
 
-bool FoldWord(std::string_view text, Line& line) {
-  line.word.clear();
-  for (size_t i = 0; i < text.size(); ++i) {
-    char c = text[i];
-    if (c >= 'A' && c <= 'Z') {
-      line.word += c;
-      continue;
-    }
-    line.folded = true;
-    if (c >= 'a' && c <= 'z') {
-      line.word += static_cast<char>(c - 'a' + 'A');
-    } else if (!IsPunctuation(static_cast<unsigned char>(c)) &&
-               !AddAccented(text, i, line.word)) {
-      return false;
-    }
-  }
-  return true;
-}
-
 std::string_view Trim(std::string_view text) {
   size_t begin = text.find_first_not_of(" \r\t");
   if (begin == text.npos) return {};
@@ -79,17 +59,30 @@ int ParseScore(std::string_view text) {
   return score <= kBestScore ? score : -1;
 }
 
-void Refuse(Line& line, Refusal why) {
-  line.kind = Line::Kind::Refused;
+void Refuse(ListLine& line, Refusal why) {
+  line.kind = ListLine::Kind::Refused;
   line.refusal = why;
 }
 
 }  // namespace
 
-void ParseLine(std::string_view text, Line& line) {
-  line.kind = Line::Kind::Nothing;
+bool FoldWord(std::string_view text, std::string& word) {
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c >= 'A' && c <= 'Z')
+      word += c;
+    else if (c >= 'a' && c <= 'z')
+      word += static_cast<char>(c - 'a' + 'A');
+    else if (!IsPunctuation(static_cast<unsigned char>(c)) &&
+             !AddAccented(text, i, word))
+      return false;
+  }
+  return true;
+}
+
+void ParseLine(std::string_view text, ListLine& line) {
+  line.kind = ListLine::Kind::Nothing;
   line.score = kPlainScore;
-  line.folded = false;
   text = Trim(text);
   if (text.empty() || text[0] == '#') return;
   size_t end = text.find_first_of(";\t");
@@ -106,14 +99,17 @@ void ParseLine(std::string_view text, Line& line) {
       return;
     }
   }
-  if (!FoldWord(text, line)) {
+  line.word.clear();
+  const bool isWord = FoldWord(text, line.word);
+  line.folded = line.word != text;
+  if (!isWord) {
     Refuse(line, Refusal::NoLetter);
   } else if (line.word.size() < kShortestWord) {
     Refuse(line, Refusal::TooShort);
   } else if (line.word.size() > kLongestWord) {
     Refuse(line, Refusal::TooLong);
   } else {
-    line.kind = Line::Kind::Word;
+    line.kind = ListLine::Kind::Word;
   }
 }
 
@@ -145,15 +141,15 @@ LoadReport ReadList(const std::string& path, int minimum, int number,
   LoadReport report;
   report.path = path;
   LineReader reader(path);
-  Line line;
+  ListLine line;
   for (std::string_view text; reader.Next(text);) {
     if (reader.LineNumber() == 1 && text.starts_with("\xEF\xBB\xBF")) {
       text.remove_prefix(3);
     }
     ParseLine(text, line);
-    if (line.kind == Line::Kind::Nothing) continue;
+    if (line.kind == ListLine::Kind::Nothing) continue;
     ++report.lines;
-    if (line.kind == Line::Kind::Refused) {
+    if (line.kind == ListLine::Kind::Refused) {
       int why = static_cast<int>(line.refusal);
       if (!report.refused[why]++) {
         report.firstRefused[why] = reader.LineNumber();
@@ -169,5 +165,3 @@ LoadReport ReadList(const std::string& path, int minimum, int number,
   }
   return report;
 }
-
-}  // namespace autofill

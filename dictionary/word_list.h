@@ -2,10 +2,7 @@
 //
 // A WordList is made once, from one or several lists, and is read-only after
 // that: any number of searches share it.  Words of a length are numbered
-// from 0 in falling order of score, so "score at least m" is a prefix, and
-// every (position, letter) has the bitset of the words that carry it: the
-// supports of Lecoutre and Vion 2008, "Enforcing arc consistency using
-// bitwise operations".
+// from 0 in falling order of score, so "score at least m" is a prefix.
 
 #pragma once
 
@@ -15,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace autofill {
+#include "dictionary/letter_index.h"
 
 constexpr int kShortestWord = 3;
 constexpr int kLongestWord = 51;
@@ -33,7 +30,7 @@ struct LengthTable {
   std::vector<uint8_t> scores;    // by word
   std::vector<uint8_t> letters;   // count x length, 0..25
   std::vector<uint32_t> rows;     // count x lanes, each letter as one bit
-  std::vector<uint64_t> support;  // length x 26 bitsets
+  LetterIndex index;              // of the letters 0..25
   std::vector<int> supportCount;  // length x 26
 
   const uint8_t* Letters(int word) const {
@@ -43,7 +40,7 @@ struct LengthTable {
     return &rows[static_cast<size_t>(word) * lanes];
   }
   const uint64_t* Support(int position, int letter) const {
-    return &support[static_cast<size_t>(position * kLetters + letter) * blocks];
+    return index.WordsWith(position, letter);
   }
   // How many words score at least `score`: those are words 0..n-1.
   int CountFrom(int score) const;
@@ -94,5 +91,3 @@ class WordListBuilder {
   std::vector<Entry> entries_;
   std::vector<uint32_t> places_;  // open addressing: entry + 1, or 0
 };
-
-}  // namespace autofill
