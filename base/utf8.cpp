@@ -1,61 +1,97 @@
 #include "base/utf8.h"
 
-std::string Utf8OfLatin1(std::string_view text) {
-  std::string utf8;
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code < 0x80) {
-      utf8 += c;
-    } else {
-      utf8 += static_cast<char>(0xC0 | code >> 6);
-      utf8 += static_cast<char>(0x80 | (code & 0x3F));
-    }
-  }
-  return utf8;
-}
+namespace {
 
-std::optional<std::string> Latin1OfUtf8(std::string_view text) {
-  std::string latin1;
-  while (!text.empty()) {
-    const int length = LengthOfUtf8(text);
-    const auto first = static_cast<unsigned char>(text[0]);
-    if (length == 1)
-      latin1 += text[0];
-    else if (length == 2 && first <= 0xC3)
-      latin1 += static_cast<char>((first & 3) << 6 | (text[1] & 0x3F));
-    else
-      return std::nullopt;
-    text.remove_prefix(length);
-  }
-  return latin1;
-}
+constexpr int kLastLatin1 = 0xFF;
 
-int LengthOfUtf8(std::string_view text) {
-  const auto at = [&](std::size_t i) {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
-  };
-  const int first = at(0);
-  if (text.empty() || (first >= 0x80 && first < 0xC2) || first > 0xF4) return 0;
+// How many bytes a character takes that begins with a byte; 0 for none.
+int SizeFrom(unsigned char first) {
   if (first < 0x80) return 1;
-  const int length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-  for (int i = 1; i < length; ++i)
-    if ((at(i) & 0xC0) != 0x80) return 0;
-  const bool overlong =
-      (first == 0xE0 && at(1) < 0xA0) || (first == 0xF0 && at(1) < 0x90);
-  const bool outside =
-      (first == 0xED && at(1) >= 0xA0) || (first == 0xF4 && at(1) >= 0x90);
-  return overlong || outside ? 0 : length;
+  if (first >= 0xC2 && first < 0xE0) return 2;
+  if (first >= 0xE0 && first < 0xF0) return 3;
+  if (first >= 0xF0 && first < 0xF5) return 4;
+  return 0;
+}
+
+bool IsCode(int code, int size) {
+  constexpr int kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+  return code >= kLeast[size] && code <= 0x10FFFF && !isSurrogate;
+}
+
+}  // namespace
+
+Utf8Char CharAt(std::string_view text, std::size_t at) {
+  const auto first = static_cast<unsigned char>(text[at]);
+  const int size = SizeFrom(first);
+  if (size == 1) return {first, 1};
+  if (size == 0 || at + size > text.size()) return {};
+  int code = first & (0x7F >> size);
+  for (int i = 1; i < size; ++i) {
+    const auto next = static_cast<unsigned char>(text[at + i]);
+    if ((next & 0xC0) != 0x80) return {};
+    code = code << 6 | (next & 0x3F);
+  }
+  return IsCode(code, size) ? Utf8Char{code, size} : Utf8Char{};
+}
+
+void AppendChar(std::string& text, int code) {
+  const auto tail = [&](int shift) {
+    text += static_cast<char>(0x80 | (code >> shift & 0x3F));
+  };
+  if (code < 0x80) {
+    text += static_cast<char>(code);
+  } else if (code < 0x800) {
+    text += static_cast<char>(0xC0 | code >> 6);
+    tail(0);
+  } else if (code < 0x10000) {
+    text += static_cast<char>(0xE0 | code >> 12);
+    tail(6);
+    tail(0);
+  } else {
+    text += static_cast<char>(0xF0 | code >> 18);
+    tail(12);
+    tail(6);
+    tail(0);
+  }
 }
 
 bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const int length = LengthOfUtf8(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
+  for (std::size_t i = 0; i < text.size();) {
+    const Utf8Char c = CharAt(text, i);
+    if (c.code < 0) return false;
+    i += c.size;
   }
   return true;
 }
 
-std::string_view FirstUtf8(std::string_view text) {
-  return text.substr(0, LengthOfUtf8(text));
+std::string_view FirstChar(std::string_view text) {
+  return text.empty() ? text : text.substr(0, CharAt(text, 0).size);
+}
+
+int CountChars(std::string_view text) {
+  int count = 0;
+  for (std::size_t i = 0; i < text.size(); i += CharAt(text, i).size) ++count;
+  return count;
+}
+
+std::string FromLatin1(std::string_view bytes) {
+  std::string text;
+  for (char c : bytes) AppendChar(text, static_cast<unsigned char>(c));
+  return text;
+}
+
+std::optional<std::string> ToLatin1(std::string_view text) {
+  std::string bytes;
+  for (std::size_t i = 0; i < text.size();) {
+    const Utf8Char c = CharAt(text, i);
+    if (c.code < 0 || c.code > kLastLatin1) return std::nullopt;
+    bytes += static_cast<char>(c.code);
+    i += c.size;
+  }
+  return bytes;
+}
+
+std::string FromUnknown(std::string_view bytes) {
+  return IsUtf8(bytes) ? std::string(bytes) : FromLatin1(bytes);
 }

@@ -28,7 +28,7 @@ std::string Quoted(std::string_view text) {
   constexpr std::size_t kLongest = 60;
   std::string quoted;
   while (!text.empty() && quoted.size() < kLongest) {
-    const auto character = text.substr(0, std::max(1, LengthOfUtf8(text)));
+    const auto character = FirstChar(text);
     quoted += character == "\n" ? "\\n" : character == "\r" ? "\\r" : character;
     text.remove_prefix(character.size());
   }
