@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
 
@@ -13,6 +14,7 @@
 HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
   setObjectName("HelpForm");
   setWindowTitle(tr("Kelda Help"));
+  setAccessibleName(tr("Kelda Help"));
   resize(760, 640);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(4, 8, 4, 4);
@@ -30,21 +32,32 @@ HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
     buttons->addWidget(button);
     return button;
   };
-  connect(add("Command1", tr("&Back")), &QPushButton::clicked, this, [this] {
-    if (IsAtAnchor()) page_->backward();
-  });
-  connect(add("Command2", tr("&Forward")), &QPushButton::clicked, this, [this] {
-    if (IsAtAnchor()) page_->forward();
-  });
+  const auto addStep = [&](const char* name, const QString& caption,
+                           const QString& toolTip, const QKeySequence& keys,
+                           auto step) {
+    auto* button = add(name, caption);
+    button->setToolTip(toolTip + " (" + keys.toString() + ")");
+    const auto go = [this, step] {
+      if (IsAtAnchor()) (page_->*step)();
+    };
+    connect(button, &QPushButton::clicked, this, go);
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, go);
+  };
+  addStep("Command1", tr("&Back"), tr("Where you were before"),
+          QKeySequence("Alt+Left"), &QTextBrowser::backward);
+  addStep("Command2", tr("&Forward"), tr("Where you came back from"),
+          QKeySequence("Alt+Right"), &QTextBrowser::forward);
   buttons->addStretch();
   connect(add("Command3", tr("E&xit")), &QPushButton::clicked, this,
           &QWidget::close);
-  connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
-    if (link.scheme() == "http" || link.scheme() == "https")
-      QDesktopServices::openUrl(link);
-    else if (link.path().isEmpty() || link.isRelative())
-      page_->setSource(link);
-  });
+  connect(page_, &QTextBrowser::anchorClicked, this, &HelpForm::Follow);
+}
+
+void HelpForm::Follow(const QUrl& link) {
+  if (link.scheme() == "http" || link.scheme() == "https")
+    QDesktopServices::openUrl(link);
+  else if (link.matches(page_->source(), QUrl::RemoveFragment))
+    page_->setSource(link);
 }
 
 void HelpForm::ShowPage(const QString& path) {

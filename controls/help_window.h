@@ -1,5 +1,6 @@
 // The help window: one page with anchors, and buttons to go back and forward
-// between them.  Links to other places open in the user's own browser.
+// between them, as Alt+Left and Alt+Right do.  Links to other places open in
+// the user's own browser.
 
 #pragma once
 
@@ -7,6 +8,7 @@
 #include <QWidget>
 
 class QTextBrowser;
+class QUrl;
 
 class HelpForm : public QWidget {
   Q_OBJECT
@@ -21,6 +23,8 @@ class HelpForm : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  // `link` is as the page gives it: absolute, also for "#draw".
+  void Follow(const QUrl& link);
   // Kept: only within the page, so nothing leads out of it.
   bool IsAtAnchor() const;
 

@@ -3,22 +3,31 @@
 #include <QBoxLayout>
 #include <QCursor>
 #include <QDesktopServices>
+#include <QImage>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTimer>
 
+#include "controls/page_bounds.h"
 #include "controls/paper_palette.h"
 
 namespace {
 
 constexpr char kPath[] = "/cgi-bin/dict.pl?term=";
-constexpr qint64 kLargestPage = 4 << 20;
+constexpr qint64 kLargestAnswer = 1 << 20;
 
 // A page that loads nothing: no pictures, no styles from elsewhere.
 class PageView : public QTextBrowser {
  public:
-  QVariant loadResource(int, const QUrl&) override { return {}; }
+  // Empty, but there: what is not, Qt reads from a file of that name.
+  QVariant loadResource(int type, const QUrl&) override {
+    if (type != QTextDocument::ImageResource) return QByteArray("");
+    QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
+    nothing.fill(Qt::transparent);
+    return nothing;
+  }
 };
 
 }  // namespace
@@ -88,7 +97,7 @@ void LookupForm::Ask(const QUrl& url) {
   if (address_.isEmpty()) {
     // All of it: the word is appended as it is, whatever is in it.
     const QString query = url.query(QUrl::FullyDecoded);
-    page_->setHtml(builtIn_(query.mid(query.indexOf('=') + 1)));
+    ShowPage(builtIn_(query.mid(query.indexOf('=') + 1)));
     return;
   }
   if (url.scheme() != "http" && url.scheme() != "https") {
@@ -102,14 +111,16 @@ void LookupForm::Ask(const QUrl& url) {
   if (!network_) network_ = new QNetworkAccessManager(this);
   if (reply_) reply_->abort();
   QNetworkRequest request(url);
-  request.setTransferTimeout(timeoutMs);
+  // Not compressed, so that it is as long as it seems.
+  request.setRawHeader("Accept-Encoding", "identity");
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                        QNetworkRequest::SameOriginRedirectPolicy);
   QNetworkReply* reply = reply_ = network_->get(request);
   connect(reply, &QNetworkReply::downloadProgress, this,
           [reply](qint64 received, qint64) {
-            if (received > kLargestPage) reply->abort();
+            if (received > kLargestAnswer) reply->abort();
           });
+  QTimer::singleShot(timeoutMs, reply, &QNetworkReply::abort);
   connect(reply, &QNetworkReply::finished, this,
           [this, reply] { ShowAnswer(reply); });
 }
@@ -127,14 +138,21 @@ void LookupForm::ShowAnswer(QNetworkReply* reply) {
   } else if (reply->header(QNetworkRequest::ContentTypeHeader)
                  .toString()
                  .startsWith("text/plain")) {
-    page_->setPlainText(QString::fromUtf8(reply->readAll()));
+    page_->setPlainText(BoundedText(QString::fromUtf8(reply->readAll())));
   } else {
-    page_->setHtml(QString::fromUtf8(reply->readAll()));
+    ShowPage(QString::fromUtf8(reply->readAll()));
   }
 }
 
+void LookupForm::ShowPage(const QString& html) {
+  if (const auto page = PageWithinBounds(html))
+    page_->setHtml(*page);
+  else
+    page_->setPlainText(BoundedText(TextOfPage(html)));
+}
+
 void LookupForm::ShowFailure(const QString& why) {
-  page_->setHtml(tr("<h3>The word could not be looked up</h3><p>%1</p>"
-                    "<p>The service asked was %2</p>")
-                     .arg(why.toHtmlEscaped(), address_.toHtmlEscaped()));
+  ShowPage(tr("<h3>The word could not be looked up</h3><p>%1</p>"
+              "<p>The service asked was %2</p>")
+               .arg(why.toHtmlEscaped(), address_.toHtmlEscaped()));
 }

@@ -3,7 +3,8 @@
 // The service is asked for address + "/cgi-bin/dict.pl?term=" + word.  The
 // built-in one is a function that makes the page; others are fetched over
 // HTTP.  Pages run no scripts, links lead only to pages of the same service,
-// and nothing else is loaded.
+// and nothing else is loaded or opened.  A page that would take long to lay
+// out is shown as plain text.
 
 #pragma once
 
@@ -29,7 +30,7 @@ class LookupForm : public QDialog {
              QWidget* parent = nullptr);
   ~LookupForm() override;
 
-  // How long a service may take; tests make it shorter.
+  // How long a service may take for its whole answer; tests make it shorter.
   int timeoutMs = 10000;
   // Looks the word up; the page comes when it is there.
   void Navigate();
@@ -38,6 +39,7 @@ class LookupForm : public QDialog {
   void Follow(const QUrl& link);
   void Ask(const QUrl& url);
   void ShowAnswer(QNetworkReply* reply);
+  void ShowPage(const QString& html);
   void ShowFailure(const QString& why);
   bool IsOfService(const QUrl& url) const;
 

@@ -1,42 +1,9 @@
 #include "controls/progress_bar.h"
 
-#include <QAccessibleWidget>
 #include <QPainter>
 #include <QPalette>
 
-namespace {
-
-// The bar as assistive technology sees it.
-class BarAccessible : public QAccessibleWidget,
-                      public QAccessibleValueInterface {
- public:
-  explicit BarAccessible(ProgBar* bar)
-      : QAccessibleWidget(bar, QAccessible::ProgressBar), bar_(bar) {}
-
-  void* interface_cast(QAccessible::InterfaceType type) override {
-    if (type != QAccessible::ValueInterface)
-      return QAccessibleWidget::interface_cast(type);
-    return static_cast<QAccessibleValueInterface*>(this);
-  }
-  QVariant currentValue() const override { return bar_->Value(); }
-  void setCurrentValue(const QVariant&) override {}
-  QVariant maximumValue() const override { return bar_->Max(); }
-  QVariant minimumValue() const override { return 0; }
-  QVariant minimumStepSize() const override { return 1; }
-
- private:
-  ProgBar* bar_;
-};
-
-QAccessibleInterface* MakeBarAccessible(const QString&, QObject* object) {
-  auto* bar = qobject_cast<ProgBar*>(object);
-  return bar ? new BarAccessible(bar) : nullptr;
-}
-
-}  // namespace
-
-ProgBar::ProgBar(QWidget* parent) : QWidget(parent) {
-  QAccessible::installFactory(MakeBarAccessible);
+ProgBar::ProgBar(QWidget* parent) : ValueWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -44,6 +11,7 @@ void ProgBar::SetValue(double value) {
   value_ = value;
   FitBar();
   update();
+  TellValue();
 }
 
 void ProgBar::SetCaption(const QString& caption) {

@@ -8,9 +8,10 @@
 
 #include <QColor>
 #include <QString>
-#include <QWidget>
 
-class ProgBar : public QWidget {
+#include "controls/value_widget.h"
+
+class ProgBar : public ValueWidget {
   Q_OBJECT
   Q_PROPERTY(double Max READ Max WRITE SetMax)
   Q_PROPERTY(double Value READ Value WRITE SetValue)
@@ -21,9 +22,9 @@ class ProgBar : public QWidget {
  public:
   explicit ProgBar(QWidget* parent = nullptr);
 
-  double Max() const { return max_; }
+  double Max() const override { return max_; }
   void SetMax(double max) { max_ = max; }
-  double Value() const { return value_; }
+  double Value() const override { return value_; }
   void SetValue(double value);  // redraws at once
   QString Caption() const { return caption_; }
   void SetCaption(const QString& caption);

@@ -75,7 +75,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 
 // Gauge
 
-Gauge::Gauge(QWidget* parent) : QWidget(parent) {
+Gauge::Gauge(QWidget* parent) : ValueWidget(parent) {
   setObjectName("Shape1");
   setFixedSize(kGaugeTrack + 2, 12);
 }
@@ -85,15 +85,24 @@ void Gauge::SetWidth(int twips) {
   if (width == barWidth_) return;
   barWidth_ = width;
   update();
+  TellValue();
+}
+
+double Gauge::Value() const {
+  return std::min(barWidth_, kGaugeTrack);
+}
+
+double Gauge::Max() const {
+  return kGaugeTrack;
 }
 
 void Gauge::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().color(QPalette::Base));
   // From green to red along the track.
-  const int hue = 120 - 120 * std::min(barWidth_, kGaugeTrack) / kGaugeTrack;
-  painter.fillRect(1, 1, std::min(barWidth_, kGaugeTrack), height() - 2,
-                   QColor::fromHsv(hue, 170, 200));
+  const int shown = static_cast<int>(Value());
+  const int hue = 120 - 120 * shown / kGaugeTrack;
+  painter.fillRect(1, 1, shown, height() - 2, QColor::fromHsv(hue, 170, 200));
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
@@ -185,5 +194,6 @@ QGroupBox* Frames4::BuildSolution(CommandBinding& binding) {
   layout->addWidget(scale, 4, 0, 1, 2, Qt::AlignHCenter);
   layout->addWidget(gauge = new Gauge, 5, 0, 1, 2, Qt::AlignHCenter);
   gauge->setToolTip(tr("How hard the grid is to fill"));
+  gauge->setAccessibleName(tr("Difficulty"));
   return frame;
 }

@@ -26,13 +26,16 @@ class ElidedLabel : public QLabel {
 };
 
 // The difficulty gauge (Shape1 in Shape2): a bar from easy to impossible.
-class Gauge : public QWidget {
+class Gauge : public ValueWidget {
   Q_OBJECT
 
  public:
   explicit Gauge(QWidget* parent = nullptr);
   void SetWidth(int twips);
   int BarWidth() const { return barWidth_; }  // in pixels
+  // How much of the track is filled, in pixels.
+  double Value() const override;
+  double Max() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
