@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""The Debian package: made, looked at, unpacked into a folder, passed to the
-validators that a desktop's own tools use, and its programs run from there.
+"""The Debian package: made, passed to lintian, unpacked into a folder, passed
+to the validators that a desktop's own tools use, and its programs run from
+there.
 Argument: the folder of the programs in a build.
 """
 
@@ -17,11 +18,12 @@ BUILD = os.path.dirname(os.path.abspath(sys.argv[1]))
 NEEDED = ["wordnet-base", "fonts-liberation", "libqt6widgets6",
           "libqt6network6", "libqt6printsupport6", "libcups2", "libc6"]
 SHIPPED = ["bin/kelda", "bin/kelda-cli", "share/applications/kelda.desktop",
-           "share/doc/kelda/copyright",
+           "share/doc/kelda/changelog.gz", "share/doc/kelda/copyright",
            "share/icons/hicolor/scalable/apps/kelda.svg",
            "share/kelda/L1Ascii.txt", "share/kelda/L2Ascii.txt",
-           "share/kelda/L3Ascii.txt", "share/kelda/word-lists-copyright.txt",
-           "share/kelda/wordnet-copyright.txt", "share/kelda/kdpuzzle.htm",
+           "share/kelda/L3Ascii.txt", "share/kelda/Kelda.dict",
+           "share/kelda/kdpuzzle.htm",
+           "share/man/man1/kelda.1.gz", "share/man/man1/kelda-cli.1.gz",
            "share/metainfo/org.kelda.Kelda.metainfo.xml"]
 
 
@@ -47,6 +49,46 @@ def check_control_data(package):
     assert not missing, (missing, names)
     listing = output("dpkg-deb", "-c", package)
     assert all("root/root" in line for line in listing.splitlines()), listing
+
+
+def check_hardening(usr):
+    for program in ["kelda", "kelda-cli"]:
+        path = os.path.join(usr, "bin", program)
+        told = output("readelf", "-hlds", "--wide", path)
+        for sign in [r"Type: +DYN", "GNU_RELRO", "BIND_NOW",
+                     "__stack_chk_fail@", "_chk@"]:
+            assert re.search(sign, told), (program, sign)
+
+
+def check_notices(usr):
+    with open(os.path.join(usr, "share/doc/kelda/copyright")) as file:
+        text = file.read()
+    for notice in ["MIT License", "Kevin Atkinson", "Princeton University"]:
+        assert notice in text, notice
+
+
+def options_and_commands(told):
+    """What begins a line of a help or a page: -o, --output, autofill ..."""
+    heads = re.findall(r"^ {2,7}((?:-{1,2}\w[-\w]*,? ?)+|[a-z][-\w]+$|"
+                       r"[a-z][-\w]+(?= {2}))", told, re.MULTILINE)
+    return {name for head in heads for name in re.split(r"[, ]+", head)
+            if name}
+
+
+def check_manual(usr):
+    """Each page tells all that its program's help tells, and no more."""
+    for program in ["kelda", "kelda-cli"]:
+        path = os.path.join(usr, "bin", program)
+        page = os.path.join(usr, "share/man/man1", program + ".1.gz")
+        shown = output("man", "--warnings", "-E", "ascii", "-l", page,
+                       env={**os.environ, "MANWIDTH": "200"})
+        helped = options_and_commands(output(path, "--help"))
+        for command in [name for name in helped if name[0] != "-"]:
+            helped |= options_and_commands(output(path, command, "--help"))
+        assert len(helped) > 3, helped
+        told = options_and_commands(shown)
+        differing = (told ^ helped) - {"kelda", "kelda-cli"}
+        assert not differing, (program, differing)
 
 
 def check_desktop_files(usr):
@@ -89,13 +131,18 @@ def main():
     with tempfile.TemporaryDirectory(prefix="kelda-package-") as folder:
         package = make_package(folder)
         check_control_data(package)
+        output("lintian", "--allow-root", "--fail-on", "error,warning",
+               package)
         root = os.path.join(folder, "root")
         output("dpkg-deb", "-x", package, root)
         usr = os.path.join(root, "usr")
         check_desktop_files(usr)
+        check_hardening(usr)
+        check_notices(usr)
+        check_manual(usr)
         check_pictures_of_help(usr)
         run_programs(usr)
-    print("4 passed, 0 failed")
+    print("8 passed, 0 failed")
 
 
 main()

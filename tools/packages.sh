@@ -14,10 +14,11 @@ test_packages=(
   ghostscript printer-driver-cups-pdf
   poppler-utils xclip                    # looking at pages and pictures
   clang-14 libclang-rt-14-dev            # fuzz targets
+  git clang-format-14 clang-tidy-14      # how sources are written
   xvfb xauth openbox xdotool x11-utils   # the program from outside
   imagemagick
   desktop-file-utils appstream           # checks of the package
-  shared-mime-info dpkg-dev
+  shared-mime-info dpkg-dev lintian man-db
   dbus at-spi2-core python3-gi           # the window as screen readers see it
   gir1.2-atspi-2.0
 )
