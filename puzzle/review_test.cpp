@@ -33,61 +33,62 @@ std::vector<std::string> Lines(const Document& document, const RuleSet& rules) {
   return lines;
 }
 
+const std::vector<std::string> kGood = {"ABCD", "EFGH", "IJKL", "MNOP"};
+const std::vector<std::string> kHoled = {"AB#D", "EF#H", "IJ##", "MNOP"};
+const struct {
+  std::vector<std::string> rows;
+  RuleSet rules;
+  std::string line;
+} kBroken[] = {
+    {kGood,
+     {.sizes = {{15, 15}, {21, 21}}},
+     "broken sizes: the grid is 4 x 4 instead of 15 x 15 or 21 x 21"},
+    {kHoled,
+     {.symmetries = {Symmetry::HalfTurn, Symmetry::Diagonal}},
+     "broken symmetries: 6 cells without the block or the space opposite"},
+    {kGood, {.mostWords = 7}, "broken mostWords: 8 words, 1 more than 7"},
+    {kHoled, {.mostBlocks = 2}, "broken mostBlocks: 4 blocks, 2 more than 2"},
+    {kHoled,
+     {.leastLength = 4},
+     "broken leastLength: 1A has 2 cells, less than 4"},
+    {kGood,
+     {.mostLength = 3},
+     "broken mostLength: 1A has 4 cells, more than 3"},
+    {kHoled,
+     {.allChecked = true},
+     "broken allChecked: 4 cells in one word only"},
+    {kHoled,
+     {.leastCheckedShare = 0.6},
+     "broken leastCheckedShare: 6A has only 2 of 4 cells checked"},
+    {kHoled,
+     {.mostUnchecked = 1},
+     "broken mostUnchecked: 6A has 2 unchecked cells in a row, more than 1"},
+    {kHoled,
+     {.connected = true},
+     "broken connected: 2 cells not connected with the first"},
+    {kGood,
+     {.leastScore = 41, .mayScoreLess = 7},
+     "broken leastScore: 1A ABCD scores 40, less than 41"},
+    {{"ABA", "B#B", "ABA"},
+     {.noWordTwice = true},
+     "broken noWordTwice: 1A and 3A are both ABA"},
+    {{"MAKES", "#####", "MAKED"},
+     {.noSharedRun = 4},
+     "broken noSharedRun: 1A and 2A share MAKE"},
+    {{"MAKES#", "######", "MAKING"},
+     {.noSharedStem = true},
+     "broken noSharedStem: 1A and 2A are forms of one word: MAKES, MAKING"},
+    {kGood, {.letters = "AQX"}, "broken letters: QX does not occur"},
+    {{"AZ.", "###", "ABC"}, {}, "warning empty: 1 cell without a letter"},
+    {{"AZB", "###", "ABC"}, {}, "warning noList: 1A AZB is in no list"},
+    {{"AZB", "B#C", "CDE"},
+     {},
+     "warning blindCrossing: 1A AZB crosses 1D ABC at row 1, column 1: "
+     "both are rare"},
+};
+
 TEST(Review, EachRuleFindsWhatBreaksIt) {
-  const std::vector<std::string> good = {"ABCD", "EFGH", "IJKL", "MNOP"};
-  const std::vector<std::string> holed = {"AB#D", "EF#H", "IJ##", "MNOP"};
-  const struct {
-    std::vector<std::string> rows;
-    RuleSet rules;
-    std::string line;
-  } kCases[] = {
-      {good,
-       {.sizes = {{15, 15}, {21, 21}}},
-       "broken sizes: the grid is 4 x 4 instead of 15 x 15 or 21 x 21"},
-      {holed,
-       {.symmetries = {Symmetry::HalfTurn, Symmetry::Diagonal}},
-       "broken symmetries: 6 cells without the block or the space opposite"},
-      {good, {.mostWords = 7}, "broken mostWords: 8 words, 1 more than 7"},
-      {holed, {.mostBlocks = 2}, "broken mostBlocks: 4 blocks, 2 more than 2"},
-      {holed,
-       {.leastLength = 4},
-       "broken leastLength: 1A has 2 cells, less than 4"},
-      {good,
-       {.mostLength = 3},
-       "broken mostLength: 1A has 4 cells, more than 3"},
-      {holed,
-       {.allChecked = true},
-       "broken allChecked: 4 cells in one word only"},
-      {holed,
-       {.leastCheckedShare = 0.6},
-       "broken leastCheckedShare: 6A has only 2 of 4 cells checked"},
-      {holed,
-       {.mostUnchecked = 1},
-       "broken mostUnchecked: 6A has 2 unchecked cells in a row, more than 1"},
-      {holed,
-       {.connected = true},
-       "broken connected: 2 cells not connected with the first"},
-      {good,
-       {.leastScore = 41, .mayScoreLess = 7},
-       "broken leastScore: 1A ABCD scores 40, less than 41"},
-      {{"ABA", "B#B", "ABA"},
-       {.noWordTwice = true},
-       "broken noWordTwice: 1A and 3A are both ABA"},
-      {{"MAKES", "#####", "MAKED"},
-       {.noSharedRun = 4},
-       "broken noSharedRun: 1A and 2A share MAKE"},
-      {{"MAKES#", "######", "MAKING"},
-       {.noSharedStem = true},
-       "broken noSharedStem: 1A and 2A are forms of one word: MAKES, MAKING"},
-      {good, {.letters = "AQX"}, "broken letters: QX does not occur"},
-      {{"AZ.", "###", "ABC"}, {}, "warning empty: 1 cell without a letter"},
-      {{"AZB", "###", "ABC"}, {}, "warning noList: 1A AZB is in no list"},
-      {{"AZB", "B#C", "CDE"},
-       {},
-       "warning blindCrossing: 1A AZB crosses 1D ABC at row 1, column 1: "
-       "both are rare"},
-  };
-  for (const auto& [rows, rules, line] : kCases)
+  for (const auto& [rows, rules, line] : kBroken)
     EXPECT_THAT(Lines(Grid(rows), rules), testing::Contains(line));
 }
 
