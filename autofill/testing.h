@@ -12,6 +12,7 @@
 #include "autofill/autofill.h"
 #include "autofill/store.h"
 #include "dictionary/read_list.h"
+#include "tests/paths.h"
 
 namespace autofill {
 
@@ -32,9 +33,7 @@ inline bool PropagateAll(Store& store) {
 // The words of a level, and a grid of bench/grids.
 inline WordList Level(int level) {
   WordListBuilder builder;
-  ReadList(std::string(KELDA_BINARY_DIR) + "/L" + std::to_string(level) +
-               "Ascii.txt",
-           0, 0, builder);
+  ReadList(BuiltPath("L" + std::to_string(level) + "Ascii.txt"), 0, 0, builder);
   return builder.Build();
 }
 
@@ -44,7 +43,7 @@ inline const WordList& Level2() {
 }
 
 inline Rows ReadGrid(const std::string& name) {
-  std::ifstream file(KELDA_SOURCE_DIR "/bench/grids/" + name);
+  std::ifstream file(SourcePath("bench/grids/" + name));
   Rows rows;
   for (std::string row; std::getline(file, row);) rows.push_back(row);
   return rows;

@@ -16,6 +16,7 @@
 #include "controls/file_dialog.h"
 #include "controls/help_window.h"
 #include "controls/progress_bar.h"
+#include "tests/paths.h"
 
 namespace {
 
@@ -70,7 +71,7 @@ void ClickLink(QTextBrowser* page, const QString& address) {
 
 TEST(HelpWindow, LinksBackAndForwardStayOnThePage) {
   HelpForm form;
-  form.ShowPage(KELDA_HELP_PAGE);
+  form.ShowPage(QString::fromStdString(SourcePath("data/kdpuzzle.htm")));
   auto* page = form.findChild<QTextBrowser*>("WebBrowser1");
   const auto press = [&](const char* name) {
     QTest::mouseClick(form.findChild<QPushButton*>(name), Qt::LeftButton);
@@ -105,7 +106,7 @@ TEST(HelpWindow, LinksBackAndForwardStayOnThePage) {
 }
 
 TEST(HelpWindow, EveryLinkOfThePageLeadsSomewhere) {
-  QFile file(KELDA_HELP_PAGE);
+  QFile file(QString::fromStdString(SourcePath("data/kdpuzzle.htm")));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const QString text = file.readAll();
   const QRegularExpression link("href=\"#([^\"]+)\"");

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include "tests/paths.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ std::string Slurp(const std::filesystem::path& path) {
 
 TEST(Rules, WhatIsShippedReadsBackEqual) {
   int count = 0;
-  const std::filesystem::path folder = KELDA_SOURCE_DIR "/data/rules";
+  const std::filesystem::path folder = SourcePath("data/rules");
   for (const auto& file : std::filesystem::directory_iterator(folder)) {
     if (file.path().filename() == "schema.json") continue;
     const RuleSet rules = ReadRules(Slurp(file.path()));
@@ -35,7 +36,7 @@ TEST(Rules, TheSchemaKnowsEveryRule) {
            true,  9,          "QZ"};
   const auto written = nlohmann::json::parse(WriteRules(rules));
   const auto schema =
-      nlohmann::json::parse(Slurp(KELDA_SOURCE_DIR "/data/rules/schema.json"));
+      nlohmann::json::parse(Slurp(SourcePath("data/rules/schema.json")));
   for (const auto& [key, value] : written.items())
     EXPECT_TRUE(schema["properties"].contains(key)) << key;
   EXPECT_EQ(written.size() + 1, schema["properties"].size());

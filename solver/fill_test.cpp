@@ -11,6 +11,7 @@
 #include "layout/generate.h"
 #include "solver/census.h"
 #include "tests/fakes.h"
+#include "tests/paths.h"
 #include "tests/quiet_host.h"
 
 namespace {
@@ -39,7 +40,7 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 // to the tries dialog, or "-".
 TEST(Fill, LogsAreTheGoldenOnes) {
   const std::filesystem::path golden =
-      std::filesystem::path(KELDA_SOURCE_DIR) / "tests/golden";
+      std::filesystem::path(SourcePath("tests/golden"));
   int count = 0;
   for (const auto& entry : std::filesystem::directory_iterator(golden)) {
     const std::filesystem::path folder = entry.path();
@@ -125,8 +126,7 @@ TEST(Fill, AsksAfterFourTriesPerLine) {
 TEST(Fill, GoesOnAfterHalt) {
   Desk desk;
   WordTable words;
-  ReadDictionary(desk.state, words, desk.host,
-                 std::string(KELDA_BINARY_DIR) + "/L1Ascii.txt");
+  ReadDictionary(desk.state, words, desk.host, BuiltPath("L1Ascii.txt"));
   desk.state.Text3 = "11";
   desk.host.script = {{"2x2 Squares done", "yes"}};
   TwoByTwoLayout(desk.state, desk.ports());
@@ -193,10 +193,9 @@ TEST(Fill, DoesNotTakeBackWhatStandsUnderNewBlackSquares) {
 TEST(Fill, TriesAsManyCandidatesAsEver) {
   QuietDesk desk;
   WordTable words;
-  ReadDictionary(desk.state, words, desk.host,
-                 std::string(KELDA_BINARY_DIR) + "/L2Ascii.txt");
+  ReadDictionary(desk.state, words, desk.host, BuiltPath("L2Ascii.txt"));
   ShowPuzzle(desk.state, desk.ports(),
-             ReadPuzzle(std::string(KELDA_SOURCE_DIR) + "/data/sample.kdp"));
+             ReadPuzzle(SourcePath("data/sample.kdp")));
   const FillReport report =
       Fill(desk.state, words, desk.ports()).Solve(StartLocation::Random);
   EXPECT_EQ(report.slotsSolved, 34);

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/paths.h"
 #include "view/qt_main_window.h"
 
 class WindowDesk {
@@ -25,7 +26,8 @@ class WindowDesk {
     host.Seed(7);
     window = std::make_unique<MainWindow>(
         app, host, picture,
-        WindowOptions{"", Folder() + "/state", KELDA_HELP_PAGE});
+        WindowOptions{"", Folder() + "/state",
+                      QString::fromStdString(SourcePath("data/kdpuzzle.htm"))});
     answering_.setInterval(5);
     QObject::connect(&answering_, &QTimer::timeout, [this] { Answer(); });
     answering_.start();
