@@ -67,7 +67,8 @@ def faults_in_include(path, quote, name):
 
 
 def is_test(path):
-    return path.stem.endswith(("_test", "testing")) or path.parts[0] in {"bench", "tests"}
+    return (path.stem.endswith(("_test", "testing"))
+            or path.parts[0] in {"bench", "tests"})
 
 
 def python_functions(text):
