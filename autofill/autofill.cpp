@@ -19,26 +19,25 @@ using Clock = std::chrono::steady_clock;
 
 class Watch {
  public:
-  Watch(double limit, const OnProgress& onProgress)
-      : limit_(limit), onProgress_(onProgress) {}
+  Watch(double limit, std::stop_token stop, const OnProgress& onProgress)
+      : limit_(limit), stop_(std::move(stop)), onProgress_(onProgress) {}
   double Seconds() const {
     return std::chrono::duration<double>(Clock::now() - start_).count();
   }
   double Left() const { return limit_ - Seconds(); }
   bool Stop() {
-    double now = Seconds();
-    stopped_ = stopped_ || now >= limit_;
-    if (!stopped_ && onProgress_ && now >= nextCall_) {
-      stopped_ = !onProgress_({now});
+    const double now = Seconds();
+    if (onProgress_ && now >= nextCall_) {
+      onProgress_({now});
       nextCall_ = now + 0.005;
     }
-    return stopped_;
+    return now >= limit_ || stop_.stop_requested();
   }
 
  private:
   Clock::time_point start_ = Clock::now();
   double limit_, nextCall_ = 0;
-  bool stopped_ = false;
+  std::stop_token stop_;
   const OnProgress& onProgress_;
 };
 
@@ -68,10 +67,29 @@ bool FindTwins(const Board& board, Result& result) {
   return false;
 }
 
-std::string Why(const std::vector<Culprit>& culprits) {
+// "has no word", or why those that fit may not be used.
+std::string WhyNone(const std::string& mask, const WordList& words,
+                    const Board& board, int minimum) {
+  std::string rejected;
+  for (const std::string& word : board.Rejected())
+    if (rejected.empty() && FitsMask(word, mask) &&
+        words.ScoreOf(word) >= minimum)
+      rejected = word;
+  if (!rejected.empty()) return "has no word that isn't rejected";
+  const int least = words.LeastScoreAsked(mask, minimum);
+  return least > 0 ? "has no word of " + std::to_string(least) + " or more"
+                   : "has no word";
+}
+
+std::string Why(const std::vector<Culprit>& culprits, const WordList& words,
+                const Board& board, int minimum) {
   if (culprits.empty()) return "";
-  auto text = [](const Culprit& c) { return c.entry + " (" + c.mask + ")"; };
-  if (culprits.size() == 1) return text(culprits[0]) + " has no word";
+  const auto text = [](const Culprit& c) {
+    return c.entry + " (" + c.mask + ")";
+  };
+  if (culprits.size() == 1)
+    return text(culprits[0]) + " " +
+           WhyNone(culprits[0].mask, words, board, minimum);
   std::string why = "no words fit " + text(culprits[0]);
   for (size_t i = 1; i + 1 < culprits.size(); ++i) {
     why += ", " + text(culprits[i]);
@@ -93,16 +111,15 @@ void Blame(const Board& board, const WordList& words, const Limits& limits,
   for (int e : culprits) {
     result.culprits.push_back({board.Entries()[e].name, board.Mask(e)});
   }
-  result.why = Why(result.culprits);
+  result.why = Why(result.culprits, words, board, limits.minimum);
 }
 
-void TakeFill(const Search& search, const WordList& words,
-              const Options& options, Result& result) {
-  Rows rows = search.Text();
-  std::string fault =
-      FindFault(result.rows, rows, words, options.minimum, options.shared);
+void TakeFill(const Search& search, const Problem& problem,
+              const WordList& words, const Options& options, Result& result) {
+  result.letters = search.Filled();
+  const std::string fault = FindFault(problem, result.letters, words,
+                                      options.minimum, options.shared);
   if (!fault.empty()) throw std::logic_error("bad fill: " + fault);
-  result.rows = rows;
   result.lowestScore = kBestScore;
   int sum = 0, count = 0;
   const Store& store = search.State();
@@ -117,11 +134,12 @@ void TakeFill(const Search& search, const WordList& words,
 }
 
 // Fills with everything fixed but the clock; `words` of the fill go out.
-Result FillWith(const Board& board, const WordList& words,
-                const Options& options, Search::Settings settings, Watch& watch,
+Result FillWith(const Problem& problem, const Board& board,
+                const WordList& words, const Options& options,
+                Search::Settings settings, Watch& watch,
                 std::vector<int>* fill) {
   Result result;
-  result.rows = board.Text();
+  result.letters = problem.letters;
   double start = watch.Seconds();
   settings.limits = LimitsOf(options);
   settings.seed = options.seed;
@@ -132,7 +150,7 @@ Result FillWith(const Board& board, const WordList& words,
   result.statistics = portfolio.Statistics();
   if (outcome == Outcome::Filled) {
     result.status = Status::Filled;
-    TakeFill(portfolio.Winner(), words, options, result);
+    TakeFill(portfolio.Winner(), problem, words, options, result);
     if (fill) *fill = portfolio.Winner().Words();
   } else if (outcome == Outcome::Impossible) {
     result.status = Status::Impossible;
@@ -145,10 +163,11 @@ Result FillWith(const Board& board, const WordList& words,
 
 }  // namespace
 
-Result Fill(const Rows& problem, const WordList& words, const Options& options,
+Result Fill(const Problem& problem, const WordList& words,
+            const Options& options, std::stop_token stop,
             const OnProgress& onProgress) {
-  Watch watch(options.seconds, onProgress);
-  return FillWith(Board(problem), words, options, {}, watch, nullptr);
+  Watch watch(options.seconds, std::move(stop), onProgress);
+  return FillWith(problem, Board(problem), words, options, {}, watch, nullptr);
 }
 
 std::string BestResult::Text() const {
@@ -161,20 +180,21 @@ std::string BestResult::Text() const {
                        std::to_string(std::lround(fill.seconds)) + " s");
 }
 
-BestResult FillBest(const Rows& problem, const WordList& words,
-                    const Options& options, const OnProgress& onProgress) {
-  Watch watch(options.seconds, onProgress);
+BestResult FillBest(const Problem& problem, const WordList& words,
+                    const Options& options, std::stop_token stop,
+                    const OnProgress& onProgress) {
+  Watch watch(options.seconds, std::move(stop), onProgress);
   Board board(problem);
   Options now = options;
   BestResult best;
-  best.fill = FillWith(board, words, now, {}, watch, nullptr);
+  best.fill = FillWith(problem, board, words, now, {}, watch, nullptr);
   while (best.fill.status == Status::Filled) {
     best.tried = now.minimum = best.fill.lowestScore + 1;
     if (now.minimum > kBestScore) {
       best.proved = true;
       break;
     }
-    Result next = FillWith(board, words, now, {}, watch, nullptr);
+    Result next = FillWith(problem, board, words, now, {}, watch, nullptr);
     if (next.status != Status::Filled) {
       best.proved = next.status == Status::Impossible;
       best.fill.culprits = next.culprits;
@@ -187,10 +207,10 @@ BestResult FillBest(const Rows& problem, const WordList& words,
   return best;
 }
 
-SeveralResult FillSeveral(const Rows& problem, const WordList& words,
+SeveralResult FillSeveral(const Problem& problem, const WordList& words,
                           const Options& options, int count, int differ,
-                          const OnProgress& onProgress) {
-  Watch watch(options.seconds, onProgress);
+                          std::stop_token stop, const OnProgress& onProgress) {
+  Watch watch(options.seconds, std::move(stop), onProgress);
   Board board(problem);
   Search::Settings settings;
   settings.differ = std::max(1, differ);
@@ -198,7 +218,8 @@ SeveralResult FillSeveral(const Rows& problem, const WordList& words,
   Options now = options;
   for (int i = 0; i < count; ++i, ++now.seed) {
     std::vector<int> fill;
-    Result result = FillWith(board, words, now, settings, watch, &fill);
+    Result result =
+        FillWith(problem, board, words, now, settings, watch, &fill);
     several.last = result;
     if (result.status != Status::Filled) break;
     several.fills.push_back(result);

@@ -1,19 +1,19 @@
 // Fills grids around the letters that they already hold.
 //
-// The public face of the engine: a problem as rows of text (board.h), word
-// lists (word_list.h, read_list.h), options and a callback in; a fill, the
-// proof that there is none, or neither in the time out.  Every call works
-// on objects of its own, so several can run at once; the same problem,
-// list, options and seed give the same fill, whatever the number of
-// threads, unless it is stopped.
+// The public face of the engine: a problem, a word list, options, a stop
+// token and a callback in; a fill, the proof that there is none, or neither in
+// the time out.  Every call works on objects of its own, so several can run
+// at once; the same problem, list, options and seed give the same fill,
+// whatever the number of threads, unless it is stopped.
 
 #pragma once
 
 #include <functional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
-#include "autofill/board.h"
+#include "autofill/problem.h"
 #include "autofill/search.h"
 #include "dictionary/word_list.h"
 
@@ -37,13 +37,13 @@ struct Culprit {
 
 struct Result {
   Status status = Status::Stopped;
-  Rows rows;            // the fill, or the problem as it came
+  Letters letters;      // by cell: the fill, or the problem's as they came
   int lowestScore = 0;  // of our words, when filled
   double meanScore = 0;
   // When impossible: a small set of entries that can't be filled together,
   // without one of which they can, as far as that was found out.
   std::vector<Culprit> culprits;
-  std::string why;  // "17A (??Q?X) has no word"
+  std::string why;  // "17A (??Q?X) has no word of 60 or more"
   SearchStatistics statistics;
   double seconds = 0;
 };
@@ -51,11 +51,11 @@ struct Result {
 struct Progress {
   double seconds;
 };
-// Called every few milliseconds, from one thread at a time; false stops.
-using OnProgress = std::function<bool(const Progress&)>;
+// Called every few milliseconds, from one thread at a time.
+using OnProgress = std::function<void(const Progress&)>;
 
-// Throws std::invalid_argument for rows that are no grid.
-Result Fill(const Rows& problem, const WordList& words, const Options& options,
+Result Fill(const Problem& problem, const WordList& words,
+            const Options& options, std::stop_token stop = {},
             const OnProgress& onProgress = {});
 
 struct BestResult {
@@ -66,8 +66,9 @@ struct BestResult {
 };
 
 // Raises the least score until there is no fill or no time.
-BestResult FillBest(const Rows& problem, const WordList& words,
-                    const Options& options, const OnProgress& onProgress = {});
+BestResult FillBest(const Problem& problem, const WordList& words,
+                    const Options& options, std::stop_token stop = {},
+                    const OnProgress& onProgress = {});
 
 struct SeveralResult {
   std::vector<Result> fills;  // best lowest score first, then best mean
@@ -76,8 +77,9 @@ struct SeveralResult {
 
 // Up to `count` fills, each two of which differ in at least `differ`
 // entries.
-SeveralResult FillSeveral(const Rows& problem, const WordList& words,
+SeveralResult FillSeveral(const Problem& problem, const WordList& words,
                           const Options& options, int count, int differ,
+                          std::stop_token stop = {},
                           const OnProgress& onProgress = {});
 
 struct Suggestion {
@@ -92,8 +94,8 @@ struct Suggestions {
 };
 
 // The words that still fit an entry after propagation.  Throws
-// std::invalid_argument when there is no such entry.
-Suggestions Suggest(const Rows& problem, const WordList& words,
+// std::invalid_argument, with the reason, when no word can fill such an entry.
+Suggestions Suggest(const Problem& problem, const WordList& words,
                     const Options& options, const std::string& entry,
                     int limit);
 

@@ -15,18 +15,22 @@ namespace {
 RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
   std::mt19937 random(seed);
   int letters = 2 + random() % 4;
-  auto words = RandomWords(random, 5 + random() % 60, letters);
-  Rows rows = RandomGrid(random, letters);
+  auto words = RandomWords(random, 5 + random() % 60, letters, 4);
+  Document document = RandomShape(random, letters);
+  for (const std::string& word : words)
+    if (random() % 8 == 0) document.rejected.insert(word);
+  const Problem problem = ProblemOf(document);
   Options options;
   options.seed = seed;
   options.shared = random() % 2 ? 0 : 2 + random() % 3;
   WordList list = ListOf(words);
-  Result result = Fill(rows, list, options);
+  Result result = Fill(problem, list, options);
   RC_ASSERT(result.status != Status::Stopped);
-  bool exists = PlainFill(rows, words, options.shared).Exists();
+  bool exists = PlainFill(problem, words, options.shared).Exists();
   RC_ASSERT((result.status == Status::Filled) == exists);
   if (exists) {
-    RC_ASSERT(FindFault(rows, result.rows, list, 0, options.shared) == "");
+    RC_ASSERT(FindFault(problem, result.letters, list, 0, options.shared) ==
+              "");
   } else {
     RC_ASSERT(!result.culprits.empty());
   }
@@ -37,11 +41,11 @@ RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
 RC_GTEST_PROP(Fill, NamesNoMoreEntriesThanAreNeeded, (unsigned seed)) {
   std::mt19937 random(seed);
   auto words = RandomWords(random, 12, 3);
-  Rows rows = RandomGrid(random, 3);
+  const Problem problem = ProblemOf(RandomShape(random, 3));
   WordList list = ListOf(words);
-  Result result = Fill(rows, list, {});
+  Result result = Fill(problem, list, {});
   RC_PRE(result.status == Status::Impossible);
-  Board board(rows);
+  Board board(problem);
   std::vector<int> culprits;
   for (const Culprit& culprit : result.culprits) {
     culprits.push_back(board.Find(culprit.entry));
@@ -70,22 +74,22 @@ TEST(Fill, SaysWhyNot) {
       {{"Q.X"}, {"CAT"}, "1A (Q?X) has no word"},
       {{"...", "###", "..."},
        {"CAT"},
-       "no words fit 1A (?\?\?) and 3A (?\?\?) together"},
-      {{"CAT", "###", "CAT"}, {"CAT"}, "1A and 3A are both CAT"},
+       "no words fit 1A (?\?\?) and 2A (?\?\?) together"},
+      {{"CAT", "###", "CAT"}, {"CAT"}, "1A and 2A are both CAT"},
       {{"C..", "A##", "T##"}, {"CAT"}, "1A (C?\?) has no word"},
       {{"C..", ".##", "T##"},
        {"CAT"},
        "no words fit 1A (C?\?) and 1D (C?T) together"},
   };
   for (const Case& c : cases) {
-    Result result = Fill(c.rows, ListOf(c.words), {});
+    Result result = Fill(ProblemOf(c.rows), ListOf(c.words), {});
     EXPECT_EQ(result.status, Status::Impossible);
     EXPECT_EQ(result.why, c.why);
   }
 }
 
 TEST(Fill, TakesUnusualGrids) {
-  WordList list = ListOf({"CAT", "DOG", "OAR"});
+  const WordList list = ListOf({"CAT", "DOG", "OAR"});
   const Rows grids[] = {
       {},                     // nothing
       {"#"},                  //
@@ -96,51 +100,51 @@ TEST(Fill, TakesUnusualGrids) {
       {std::string(3, '?')},  //
   };
   for (const Rows& rows : grids) {
-    Result result = Fill(rows, list, {});
-    bool fillable = rows.empty() || rows[0][0] != 'Z';
+    const Result result = Fill(ProblemOf(rows), list, {});
+    const bool fillable = rows.empty() || rows[0][0] != 'Z';
     EXPECT_EQ(result.status == Status::Filled, fillable);
   }
-  EXPECT_EQ(Fill({"..", ".."}, list, {}).rows, (Rows{"..", ".."}));
-  EXPECT_THROW(Fill({"..", "."}, list, {}), std::invalid_argument);
-  EXPECT_THROW(Fill({"+.."}, list, {}), std::invalid_argument);
-  EXPECT_THROW(Fill(Rows(1, std::string(52, '.')), list, {}),
-               std::invalid_argument);
-  std::string longest(51, 'A');
-  EXPECT_EQ(Fill(Rows{std::string(51, '.')}, ListOf({longest}), {}).rows,
-            Rows{longest});
+  EXPECT_EQ(Fill(ProblemOf({"..", ".."}), list, {}).letters, Letters(4));
+  const std::string longest(51, 'A');
+  EXPECT_EQ(
+      RowsOf(Fill(ProblemOf(Rows{std::string(51, '.')}), ListOf({longest}), {})
+                 .letters,
+             51),
+      Rows{longest});
 }
 
 TEST(Fill, IsTheSameOnAnyNumberOfThreads) {
   // The second grid needs rounds of several searches.
   for (const char* name : {"theme-am15-01.txt", "am15-07.txt"}) {
-    Rows rows = ReadGrid(name);
+    const Problem problem = ReadGrid(name);
     Options options;
     options.seconds = 500;
     std::vector<Result> results;
     for (int threads : {1, 2, 4}) {
       options.threads = threads;
-      results.push_back(Fill(rows, Level2(), options));
+      results.push_back(Fill(problem, Level2(), options));
       EXPECT_EQ(results.back().status, Status::Filled);
-      EXPECT_EQ(FindFault(rows, results.back().rows, Level2(), 0, 0), "");
-      EXPECT_EQ(results.back().rows, results[0].rows);
+      EXPECT_EQ(FindFault(problem, results.back().letters, Level2(), 0, 0), "");
+      EXPECT_EQ(results.back().letters, results[0].letters);
     }
   }
 }
 
 TEST(Fill, StopsWithinATenthOfASecond) {
   using Clock = std::chrono::steady_clock;
-  Rows rows = ReadGrid("am15-09.txt");
+  const Problem problem = ReadGrid("am15-09.txt");
   Options options;
   options.threads = 2;
   Clock::time_point asked{};
-  Result result = Fill(rows, Level2(), options, [&](const Progress& p) {
-    if (p.seconds < 0.3) return true;
-    asked = Clock::now();
-    return false;
-  });
+  std::stop_source stop;
+  const Result result = Fill(problem, Level2(), options, stop.get_token(),
+                             [&](const Progress& p) {
+                               if (p.seconds < 0.3) return;
+                               if (stop.request_stop()) asked = Clock::now();
+                             });
   std::chrono::duration<double> delay = Clock::now() - asked;
   EXPECT_EQ(result.status, Status::Stopped);
-  EXPECT_EQ(result.rows, rows);
+  EXPECT_EQ(result.letters, problem.letters);
   // The slack is for the checked builds on a busy machine.
   EXPECT_LT(delay.count(), 1.0);
 }
@@ -150,9 +154,10 @@ TEST(FillBest, ProvesThatNothingScoresMore) {
   builder.Add("CAT", 90, 0);
   builder.Add("COT", 40, 0);
   builder.Add("CUT", 20, 0);
-  BestResult best = FillBest({"C..", "###", "C.."}, builder.Build(), {});
+  BestResult best =
+      FillBest(ProblemOf({"C..", "###", "C.."}), builder.Build(), {});
   EXPECT_EQ(best.Text(), "lowest score 40; 41 is impossible");
-  best = FillBest({"C.."}, builder.Build(), {});
+  best = FillBest(ProblemOf(Rows{"C.."}), builder.Build(), {});
   EXPECT_EQ(best.Text(), "lowest score 90; 91 is impossible");
 }
 
@@ -160,24 +165,23 @@ RC_GTEST_PROP(FillSeveral, FindsAllFillsThatDiffer, (unsigned seed)) {
   std::mt19937 random(seed);
   int letters = 2 + random() % 3;
   auto words = RandomWords(random, 10 + random() % 30, letters);
-  Rows rows = RandomGrid(random, letters);
-  Board board(rows);
+  const Problem problem = ProblemOf(RandomGrid(random, letters));
   int ours = 0;
-  for (const Entry& entry : board.Entries()) ours += !entry.given;
+  for (const Entry& entry : problem.entries)
+    ours += !IsComplete(problem.letters, entry);
   RC_PRE(ours > 0);
   constexpr int kLimit = 20;
   int differ = random() % 2 ? 1 : 1 + static_cast<int>(random() % ours);
-  SeveralResult several = FillSeveral(rows, ListOf(words), {}, kLimit, differ);
+  SeveralResult several =
+      FillSeveral(problem, ListOf(words), {}, kLimit, differ);
   int found = static_cast<int>(several.fills.size());
-  if (differ == 1) RC_ASSERT(found == PlainFill(rows, words).Count(kLimit));
+  if (differ == 1) RC_ASSERT(found == PlainFill(problem, words).Count(kLimit));
   for (size_t i = 0; i < several.fills.size(); ++i) {
-    Board a(several.fills[i].rows);
     for (size_t j = 0; j < i; ++j) {
-      Board b(several.fills[j].rows);
       int different = 0;
-      for (int e = 0; e < a.EntryCount(); ++e) {
-        different += a.Mask(e) != b.Mask(e);
-      }
+      for (const Entry& entry : problem.entries)
+        different += MaskOf(several.fills[i].letters, entry) !=
+                     MaskOf(several.fills[j].letters, entry);
       RC_ASSERT(different >= differ);
     }
   }
@@ -188,8 +192,10 @@ RC_GTEST_PROP(FillSeveral, FindsAllFillsThatDiffer, (unsigned seed)) {
 
 TEST(FillSeveral, CountsWhatIsThere) {
   WordList list = ListOf({"CAT", "COT", "CUT"});
-  EXPECT_EQ(FillSeveral({"C.T"}, list, {}, 5, 1).fills.size(), 3u);
-  EXPECT_EQ(FillSeveral({"C.T#C.T"}, list, {}, 9, 1).fills.size(), 6u);
+  EXPECT_EQ(FillSeveral(ProblemOf(Rows{"C.T"}), list, {}, 5, 1).fills.size(),
+            3u);
+  EXPECT_EQ(
+      FillSeveral(ProblemOf(Rows{"C.T#C.T"}), list, {}, 9, 1).fills.size(), 6u);
 }
 
 TEST(Suggest, ListsWhatFitsWithScoresAndChoices) {
@@ -201,14 +207,16 @@ TEST(Suggest, ListsWhatFitsWithScoresAndChoices) {
   builder.Add("OAR", 50, 0);
   builder.Add("TEN", 50, 0);
   WordList list = builder.Build();
-  Suggestions found = Suggest({"C.T", "#.#", "#.#"}, list, {}, "1A", 10);
+  Suggestions found =
+      Suggest(ProblemOf({"C.T", "#.#", "#.#"}), list, {}, "1A", 10);
   ASSERT_EQ(found.words.size(), 2u);
   EXPECT_EQ(found.words[0].word, "COT");
   EXPECT_EQ(found.words[0].score, 90);
   EXPECT_EQ(found.words[0].choices, 2);
   EXPECT_EQ(found.words[1].word, "CAT");
   EXPECT_EQ(found.words[1].choices, 1);
-  EXPECT_THROW(Suggest({"..."}, list, {}, "7D", 1), std::invalid_argument);
+  EXPECT_THROW(Suggest(ProblemOf(Rows{"..."}), list, {}, "7D", 1),
+               std::invalid_argument);
 }
 
 }  // namespace

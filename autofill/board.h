@@ -1,10 +1,9 @@
 // The grid as the search sees it: entries, their cells and crossings.
 //
-// Made from rows of text, with which it is stale when they change.  Entries
-// are the runs of three or more white cells; cells of shorter runs only are
-// kept as they are.  Positions of all entries are numbered in one row, each
-// entry's first at a multiple of four, so that vectors of letter sets load
-// aligned.
+// Made from a problem.  A cell here is a letter: a cell of the grid that
+// stands for several becomes as many, all given.  Positions of all entries
+// are numbered in one row, each entry's first at a multiple of four, so that
+// vectors of letter sets load aligned.
 
 #pragma once
 
@@ -12,37 +11,33 @@
 #include <string>
 #include <vector>
 
+#include "autofill/problem.h"
+
 namespace autofill {
 
-// One row a string: '#' is a block, '.', ' ' or '?' an empty cell, a letter
-// a given letter that stays.  Rows are equally long, at most 51.
-using Rows = std::vector<std::string>;
-
-constexpr int kLargestSide = 51;
-
-struct Entry {
+struct BoardEntry {
   std::string name;  // "17A"
   bool across = true;
-  int row = 0, column = 0;  // of the first cell, from 0
-  int length = 0;
+  int length = 0;      // in letters
   int first = 0;       // its first position
   bool given = false;  // all letters were given: it isn't ours to fill
 };
 
-struct Cell {
-  int row = 0, column = 0;
+struct BoardCell {
+  int place = 0;                // in the problem's letters
   int positions[2] = {-1, -1};  // across, down
   char given = 0;
 };
 
 class Board {
  public:
-  // Throws std::invalid_argument when the rows aren't a grid.
-  explicit Board(const Rows& rows);
+  explicit Board(const Problem& problem);
 
-  const std::vector<Entry>& Entries() const { return entries_; }
-  const std::vector<Cell>& Cells() const { return cells_; }
-  const Rows& Text() const { return rows_; }
+  const std::vector<BoardEntry>& Entries() const { return entries_; }
+  const std::vector<BoardCell>& Cells() const { return cells_; }
+  // As they came.
+  const Letters& Given() const { return letters_; }
+  const std::set<std::string>& Rejected() const { return rejected_; }
   int EntryCount() const { return static_cast<int>(entries_.size()); }
   int CellCount() const { return static_cast<int>(cells_.size()); }
   int PositionCount() const { return static_cast<int>(cellOf_.size()); }
@@ -57,16 +52,13 @@ class Board {
   std::string Mask(int entry) const;
 
  private:
-  void AddRuns(bool across, const std::vector<std::vector<int>>& numbers);
-  std::vector<std::vector<int>> Number() const;
-  bool White(int row, int column) const;
-  bool BlocksOnly(int line, bool across) const;
-  int RunFrom(int row, int column, bool across) const;
+  void AddEntry(const Entry& entry, std::vector<int>& cellAt);
+  void AddCells(int place);
 
-  Rows rows_;
-  int height_ = 0, width_ = 0;
-  std::vector<Entry> entries_;
-  std::vector<Cell> cells_;
+  Letters letters_;
+  std::set<std::string> rejected_;
+  std::vector<BoardEntry> entries_;
+  std::vector<BoardCell> cells_;
   std::vector<int> cellOf_, entryOf_, crossing_;
 };
 

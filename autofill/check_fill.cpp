@@ -6,43 +6,69 @@
 namespace autofill {
 namespace {
 
-std::string FindLetterFault(const Board& before, const Board& after) {
-  if (before.Text().size() != after.Text().size()) return "other size";
-  for (size_t r = 0; r < before.Text().size(); ++r) {
-    const std::string &old = before.Text()[r], &now = after.Text()[r];
-    if (old.size() != now.size()) return "other size";
-    for (size_t c = 0; c < old.size(); ++c) {
-      bool same = old[c] == '.' ? now[c] != '#' : now[c] == old[c];
-      if (!same) return "a given cell was changed";
+bool IsLetter(const std::string& text) {
+  return text.size() == 1 && text[0] >= 'A' && text[0] <= 'Z';
+}
+
+std::string FindLetterFault(const Problem& problem, const Letters& filled) {
+  if (problem.letters.size() != filled.size()) return "other size";
+  std::set<int> ours;
+  for (const Entry& entry : problem.entries)
+    ours.insert(entry.cells.begin(), entry.cells.end());
+  for (int i = 0; i < static_cast<int>(filled.size()); ++i) {
+    if (!problem.letters[i].empty()) {
+      if (filled[i] != problem.letters[i]) return "a given cell was changed";
+    } else if (!ours.contains(i)) {
+      if (!filled[i].empty()) return "a cell of no entry was filled";
+    } else if (!IsLetter(filled[i])) {
+      return "a cell is no letter";
     }
   }
   return "";
 }
 
+// The runs of some letters that entries have had, and whose they are.
+class Runs {
+ public:
+  explicit Runs(int length) : length_(length) {}
+  // A run of the word that another entry has, when one of the two is ours.
+  std::string FindShared(int entry, bool ours, const std::string& word) {
+    for (size_t i = 0; length_ > 0 && i + length_ <= word.size(); ++i) {
+      const auto [run, isNew] =
+          seen_.try_emplace(word.substr(i, length_), entry, ours);
+      const auto [other, otherIsOurs] = run->second;
+      if (!isNew && other != entry && (ours || otherIsOurs)) return run->first;
+    }
+    return "";
+  }
+
+ private:
+  int length_;
+  std::map<std::string, std::pair<int, bool>> seen_;
+};
+
 }  // namespace
 
-std::string FindFault(const Rows& problem, const Rows& filled,
+std::string FindFault(const Problem& problem, const Letters& filled,
                       const WordList& words, int minimum, int shared) {
-  Board before(problem), after(filled);
-  if (auto fault = FindLetterFault(before, after); !fault.empty()) {
-    return fault;
-  }
+  const std::string letterFault = FindLetterFault(problem, filled);
+  if (!letterFault.empty()) return letterFault;
   std::set<std::string> seen;
-  std::map<std::string, std::pair<int, bool>> runs;
-  for (int e = 0; e < after.EntryCount(); ++e) {
-    std::string word = after.Mask(e), name = after.Entries()[e].name;
-    bool ours = !before.Entries()[e].given;
-    if (word.find('?') != word.npos) return name + " is not filled";
+  Runs runs(shared);
+  for (int e = 0; e < static_cast<int>(problem.entries.size()); ++e) {
+    const Entry& entry = problem.entries[e];
+    const std::string word = MaskOf(filled, entry);
+    const bool ours = !IsComplete(problem.letters, entry);
     if (!seen.insert(word).second) return word + " comes twice";
-    if (ours && words.ScoreOf(word) < minimum) return word + " is no word";
-    for (int i = 0; shared > 0 && i + shared <= after.Entries()[e].length;
-         ++i) {
-      auto [run, isNew] = runs.try_emplace(word.substr(i, shared), e, ours);
-      if (isNew || run->second.first == e) continue;
-      if (ours || run->second.second) {
-        return name + " shares " + run->first + " with another entry";
-      }
-    }
+    if (ours && problem.rejected.contains(word)) return word + " is rejected";
+    const int score = ours ? words.ScoreOf(word) : minimum;
+    if (score < 0) return word + " is no word";
+    if (score < minimum)
+      return word + " scores " + std::to_string(score) + ", less than " +
+             std::to_string(minimum);
+    const std::string run = runs.FindShared(e, ours, word);
+    if (!run.empty())
+      return entry.Name() + " shares " + run + " with another entry";
   }
   return "";
 }

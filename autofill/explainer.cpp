@@ -191,7 +191,7 @@ void Explainer::AddUse(const Question& question, int word,
   bool runs = store_.Shared() && store_.Shared() <= table_->length;
   int length = runs ? store_.Shared() : table_->length;
   for (int e = 0; e < board.EntryCount(); ++e) {
-    const Entry& other = board.Entries()[e];
+    const BoardEntry& other = board.Entries()[e];
     if (e == question.entry) continue;
     if (!runs && other.length != table_->length) continue;
     for (int a = 0; a + length <= table_->length; ++a) {

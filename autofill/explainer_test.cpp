@@ -75,7 +75,7 @@ RC_GTEST_PROP(Explainer, LiteralsAreOlderAndSuffice, (unsigned seed)) {
   int letters = random() % 2 ? 4 : 9;
   auto words = RandomWords(random, letters == 4 ? 60 : 3000, letters);
   WordList list = ListOf(words);
-  Board board(RandomGrid(random, letters));
+  Board board(ProblemOf(RandomShape(random, letters)));
   Store store(board, list, {});
   int failed = Decide(store, random);
   if (store.Level() == 0) return;

@@ -44,7 +44,7 @@ void Search::ExplainLikeness() {
   const std::vector<int>& fill = settings_.earlier[failedFill_];
   for (int e = 0; e < board.EntryCount(); ++e) {
     if (!store_.Ours(e) || store_.WordOf(e) != fill[e]) continue;
-    const Entry& entry = board.Entries()[e];
+    const BoardEntry& entry = board.Entries()[e];
     for (int k = 0; k < entry.length; ++k) {
       uint32_t letter = store_.LettersAt(entry.first + k);
       literals_.push_back(
@@ -139,7 +139,7 @@ int Search::ExpandRevision(int last) {
     if (events[i].reason != entry || events[i].revision != revision) break;
     if (!pending_[i]) continue;
     if (outstanding_ == 1) break;
-    const Cell& cell = board.Cells()[events[i].cell];
+    const BoardCell& cell = board.Cells()[events[i].cell];
     int position = cell.positions[board.Entries()[entry].across ? 0 : 1];
     asked[position - board.Entries()[entry].first] = Unmark(i);
   }

@@ -94,16 +94,17 @@ std::vector<int> Search::Words() const {
   return words;
 }
 
-Rows Search::Text() const {
-  Rows rows = store_.GetBoard().Text();
-  for (int i = 0; i < store_.GetBoard().CellCount(); ++i) {
-    const Cell& cell = store_.GetBoard().Cells()[i];
-    uint32_t letters = store_.LettersOf(i);
-    if (!std::has_single_bit(letters)) continue;
-    rows[cell.row][cell.column] =
-        static_cast<char>('A' + std::countr_zero(letters));
+Letters Search::Filled() const {
+  const Board& board = store_.GetBoard();
+  Letters filled = board.Given();
+  for (int i = 0; i < board.CellCount(); ++i) {
+    const BoardCell& cell = board.Cells()[i];
+    const uint32_t letters = store_.LettersOf(i);
+    if (cell.given || !std::has_single_bit(letters)) continue;
+    filled[cell.place] =
+        std::string(1, static_cast<char>('A' + std::countr_zero(letters)));
   }
-  return rows;
+  return filled;
 }
 
 Outcome Search::Run(int64_t work, const std::function<bool()>& stop) {

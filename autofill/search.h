@@ -52,7 +52,8 @@ class Search {
   void NarrowRoot(int cell, uint32_t letters);
   // The words by entry, once filled; -1 for entries that aren't ours.
   std::vector<int> Words() const;
-  Rows Text() const;
+  // Of each cell of the grid: what was given, and what is decided.
+  Letters Filled() const;
 
   int64_t Work() const {
     return store_.revisions + 8 * statistics_.fails + chooser_.Work();

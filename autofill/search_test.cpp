@@ -21,7 +21,7 @@ TEST(Search, GoesOnWhereItPaused) {
   EXPECT_EQ(outcome, Outcome::Filled);
   EXPECT_GT(pauses, 1);
   EXPECT_GT(whole.Choices().Work(), 0);
-  EXPECT_EQ(pieces.Text(), whole.Text());
+  EXPECT_EQ(pieces.Filled(), whole.Filled());
   EXPECT_EQ(pieces.Statistics().fails, whole.Statistics().fails);
 }
 

@@ -9,12 +9,12 @@ namespace autofill {
 
 Store::Store(const Board& board, const WordList& words, const Limits& limits)
     : board_(board), limits_(limits) {
-  for (const Entry& entry : board.Entries()) {
+  for (const BoardEntry& entry : board.Entries()) {
     tables_.push_back(&words.OfLength(entry.length));
   }
   Allocate();
   for (int cell = 0; cell < board.CellCount(); ++cell) {
-    const Cell& c = board.Cells()[cell];
+    const BoardCell& c = board.Cells()[cell];
     anyPosition_[cell] = std::max(c.positions[0], c.positions[1]);
     if (c.given) Narrow(cell, 1u << (c.given - 'A'), kDecision);
   }
@@ -54,6 +54,7 @@ void Store::Allocate() {
     std::fill(own, own + set.size / 64, ~uint64_t{0});
     if (set.size % 64) own[set.size / 64] = (uint64_t{1} << set.size % 64) - 1;
   }
+  DropRejected();
   rootBits_ = bits_;
   savedBits_.resize(std::max<int64_t>(bits * 4, 1 << 12));
   lists_.resize(static_cast<size_t>(entries) * kListSize);
@@ -62,6 +63,19 @@ void Store::Allocate() {
   commits_.reserve(entries);
   saved_.reserve(static_cast<size_t>(entries) * 16);
   levels_.reserve(board_.CellCount() + 1);
+}
+
+void Store::DropRejected() {
+  for (const std::string& word : board_.Rejected()) {
+    for (int e = 0; e < board_.EntryCount(); ++e) {
+      const int number = tables_[e]->Find(word);
+      if (number < 0) continue;
+      WordSet& set = sets_[e];
+      uint64_t& block = bits_[set.bits + number / 64];
+      set.size -= static_cast<int>(block >> (number % 64) & 1);
+      block &= ~(uint64_t{1} << (number % 64));
+    }
+  }
 }
 
 // Entries that came complete aren't ours: their words are only in use.

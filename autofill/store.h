@@ -119,6 +119,7 @@ class Store {
   };
 
   void Allocate();
+  void DropRejected();
   void UseGiven();
   void Save(int entry);
   void Touch(int position, uint32_t removed);

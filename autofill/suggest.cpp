@@ -29,14 +29,20 @@ Choices CountChoices(const Store& store, int entry) {
   return choices;
 }
 
+std::string WhyNoWord(const Problem& problem, const std::string& name) {
+  for (const auto& [entry, why] : problem.unfillable)
+    if (entry == name) return "no word can fill " + name + ": " + why;
+  return "there is no entry " + name + " of three cells or more";
+}
+
 }  // namespace
 
-Suggestions Suggest(const Rows& problem, const WordList& words,
+Suggestions Suggest(const Problem& problem, const WordList& words,
                     const Options& options, const std::string& name,
                     int limit) {
   Board board(problem);
   int entry = board.Find(name);
-  if (entry < 0) throw std::invalid_argument("there is no entry " + name);
+  if (entry < 0) throw std::invalid_argument(WhyNoWord(problem, name));
   Search::Settings settings;
   settings.limits = {options.minimum, options.shared, {}};
   Search search(board, words, settings);

@@ -55,12 +55,22 @@ std::string SetOf(const std::string& name) {
                                                       : name.substr(0, end);
 }
 
-autofill::Rows ReadRows(const std::filesystem::path& path) {
+autofill::Problem ReadProblem(const std::filesystem::path& path) {
   std::ifstream file(path);
-  autofill::Rows rows;
-  for (std::string row; std::getline(file, row);)
-    if (!row.empty()) rows.push_back(row);
-  return rows;
+  std::string cells;
+  int height = 0;
+  for (std::string row; std::getline(file, row);) {
+    cells += row;
+    height += !row.empty();
+  }
+  Document document(static_cast<int>(cells.size()) / height, height);
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i] == '#')
+      document.cells[i].kind = Cell::Kind::Block;
+    else if (cells[i] != '.')
+      document.cells[i].solution = cells[i];
+  }
+  return autofill::ProblemOf(document);
 }
 
 Row Measure(const std::filesystem::path& path, const WordList& words,
@@ -69,20 +79,20 @@ Row Measure(const std::filesystem::path& path, const WordList& words,
           .set = SetOf(path.stem().string()),
           .outcomes = {},
           .milliseconds = {}};
-  const autofill::Rows rows = ReadRows(path);
+  const autofill::Problem problem = ReadProblem(path);
   autofill::Options options = arguments.options;
   for (int seed = 1; seed <= arguments.seeds; ++seed) {
     options.seed = seed;
     const double start = ProcessorSeconds();
-    const autofill::Result result = autofill::Fill(rows, words, options);
+    const autofill::Result result = autofill::Fill(problem, words, options);
     row.milliseconds.push_back((ProcessorSeconds() - start) * 1e3);
     row.outcomes += "FIS"[static_cast<int>(result.status)];
     row.nodes += result.statistics.nodes;
     row.fails += result.statistics.fails;
     row.propagations += result.statistics.propagations;
     if (seed > 1) continue;
-    for (const std::string& text : result.rows)
-      row.fingerprint = row.fingerprint * 31 + std::hash<std::string>()(text);
+    for (const std::string& letter : result.letters)
+      row.fingerprint = row.fingerprint * 31 + std::hash<std::string>()(letter);
   }
   std::sort(row.milliseconds.begin(), row.milliseconds.end());
   return row;

@@ -1,14 +1,11 @@
 #include "cli/autofill_lists.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
-#include "base/text.h"
-#include "cli/session.h"
+#include "base/text_file.h"
 #include "dictionary/levels.h"
 #include "dictionary/read_list.h"
-#include "grid/state.h"
 
 namespace {
 
@@ -58,47 +55,12 @@ WordList LoadLists(const std::vector<std::string>& lists) {
         list.name.size() == 1 && list.name >= "1" && list.name <= "3";
     const std::string path =
         isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1']) : list.name;
-    const LoadReport report = ReadList(path, list.minimum, number++, builder);
+    const LoadReport report =
+        ReadList(ListPath(list.name), list.minimum, number++, builder);
     if (!isLevel) std::cerr << report.Text() << "\n";
   }
   WordList words = builder.Build();
   if (words.Count() == 0)
     throw FileError("the word lists hold no word of 3 to 51 letters");
   return words;
-}
-
-Puzzle ReadPuzzleOrGrid(const std::string& path) {
-  Puzzle puzzle = ReadPuzzle(path);
-  std::string row = puzzle.title;
-  const bool isRow =
-      static_cast<int>(row.size()) == puzzle.size &&
-      row.find_first_not_of("#.ABCDEFGHIJKLMNOPQRSTUVWXYZ") == row.npos &&
-      row.find_first_of("#.") != row.npos;
-  const std::string missing(puzzle.size, kEmptyCell);
-  if (!isRow || puzzle.cells.back() != missing) return puzzle;
-  std::replace(row.begin(), row.end(), '.', kEmptyCell);
-  std::replace(row.begin(), row.end(), '#', kBlackSquare);
-  puzzle.cells.insert(puzzle.cells.begin(), row);
-  puzzle.cells.pop_back();
-  puzzle.title.clear();
-  return puzzle;
-}
-
-autofill::Rows RowsOf(const Puzzle& puzzle) {
-  autofill::Rows rows = puzzle.cells;
-  for (std::string& row : rows) {
-    for (char& cell : row) {
-      if (cell == kBlackSquare)
-        cell = '#';
-      else if (cell == kEmptyCell)
-        cell = '.';
-    }
-  }
-  return rows;
-}
-
-std::string PuzzleText(const std::string& title, const autofill::Rows& rows) {
-  std::string text = title + std::string(kLineBreak);
-  for (const std::string& row : rows) text += row + std::string(kLineBreak);
-  return text;
 }

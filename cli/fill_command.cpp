@@ -3,7 +3,9 @@
 #include <chrono>
 #include <iostream>
 
+#include "cli/checks.h"
 #include "cli/commands.h"
+#include "cli/interrupt.h"
 #include "cli/session.h"
 #include "files/puzzle_file.h"
 #include "solver/fill.h"
@@ -37,7 +39,7 @@ int RunFill(const Options& options) {
   host.log = options.log;
   if (options.seed) host.Seed(*options.seed);
 
-  host.TakeInterruptForHalt();
+  const StopOnInterrupt scope;
   using Clock = std::chrono::steady_clock;
   const Clock::time_point begin = Clock::now();
   const FillReport report =
@@ -90,7 +92,9 @@ void AddFillCommand(CLI::App& app, int& status) {
       ->check(CLI::IsMember({"abort", "retry", "ignore"}));
   command->add_flag("--log", options->log, "Print every line of the log");
   command->add_option("-o,--output", options->out, "Puzzle file to write");
-  command->add_option("--seed", options->seed,
-                      "Make the random choices repeatable");
+  command
+      ->add_option("--seed", options->seed,
+                   "Make the random choices repeatable")
+      ->check(CLI::Validator(CheckSeed, ""));
   command->callback([options, &status] { status = RunFill(*options); });
 }

@@ -2,7 +2,9 @@
 
 #include <iostream>
 
+#include "cli/checks.h"
 #include "cli/commands.h"
+#include "cli/interrupt.h"
 #include "cli/session.h"
 #include "layout/generate.h"
 #include "layout/split.h"
@@ -25,13 +27,13 @@ int RunLayout(const LayoutOptions& options) {
   if (options.seed) session.host.Seed(*options.seed);
   session.state.Text3 = std::to_string(options.size);
   session.state.Text2 = std::to_string(options.squares);
-  session.host.TakeInterruptForHalt();
+  const StopOnInterrupt scope;
   if (options.kind == "random")
     RandomBlackSquares(session.state, session.ports());
   else
     TwoByTwoLayout(session.state, session.ports());
   session.SavePuzzle(options.out);
-  return session.host.WasInterrupted() ? kNotCompleted : kDone;
+  return WasInterrupted() ? kNotCompleted : kDone;
 }
 
 int RunSplit(const std::string& puzzle, const std::string& out,
@@ -71,8 +73,10 @@ void AddLayoutCommand(CLI::App& app, int& status) {
       ->add_option("--squares", options->squares,
                    "Number of black squares (default: by size)")
       ->check(CLI::Range(1, MaxGridSize * MaxGridSize));
-  command->add_option("--seed", options->seed,
-                      "Make the random choices repeatable");
+  command
+      ->add_option("--seed", options->seed,
+                   "Make the random choices repeatable")
+      ->check(CLI::Validator(CheckSeed, ""));
   command->add_flag("--no-split", options->noSplit,
                     "Leave a 2x2 lattice as it is");
   command->add_option("-o,--output", options->out, "Puzzle file to write")
@@ -91,8 +95,10 @@ void AddSplitCommand(CLI::App& app, int& status) {
   command->footer("Example: kelda-cli split layout.kdp -o split.kdp");
   command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
   command->add_option("-o,--output", options->out, "Puzzle file to write");
-  command->add_option("--seed", options->seed,
-                      "Make the random choices repeatable");
+  command
+      ->add_option("--seed", options->seed,
+                   "Make the random choices repeatable")
+      ->check(CLI::Validator(CheckSeed, ""));
   command->callback([options, &status] {
     status = RunSplit(options->puzzle, options->out, options->seed);
   });

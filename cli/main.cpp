@@ -1,6 +1,7 @@
 // kelda-cli: Kelda's operations for scripts, batch work and tests.
 
 #include <iostream>
+#include <new>
 
 #include "base/text_file.h"
 #include "cli/commands.h"
@@ -49,6 +50,8 @@ int main(int argc, char** argv) {
     std::cerr << "kelda-cli: standard output cannot be written\n";
   } catch (const FileError& error) {
     std::cerr << "kelda-cli: " << error.what() << "\n";
+  } catch (const std::bad_alloc&) {
+    std::cerr << "kelda-cli: there is not enough memory\n";
   }
   return kFileFailed;
 }

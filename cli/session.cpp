@@ -3,37 +3,16 @@
 #include <unistd.h>
 
 #include <cmath>
-#include <csignal>
 #include <iostream>
 #include <limits>
 
+#include "cli/interrupt.h"
 #include "dictionary/levels.h"
 #include "files/puzzle_file.h"
 #include "grid/choose_dictionary.h"
 
-namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-void Interrupt(int) {
-  interrupted = 1;
-}
-
-}  // namespace
-
 CliHost::CliHost(State& state)
     : output(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {}
-
-void CliHost::TakeInterruptForHalt() {
-  struct sigaction action = {};
-  action.sa_handler = Interrupt;
-  action.sa_flags = SA_RESETHAND;
-  sigaction(SIGINT, &action, nullptr);
-}
-
-bool CliHost::WasInterrupted() const {
-  return interrupted != 0;
-}
 
 std::ostream& CliHost::Out() {
   if (progressIsShown_) std::cerr << "\r\033[K";
@@ -81,7 +60,7 @@ void CliHost::ShowLogLine(std::string_view line) {
 
 void CliHost::Poll() {
   constexpr int kPollsPerLook = 64;
-  if (interrupted) state_.haltRequested = true;
+  if (WasInterrupted()) state_.haltRequested = true;
   if (showsProgress_ && ++polls_ % kPollsPerLook == 0) ShowProgress();
 }
 
@@ -120,10 +99,8 @@ void CliSession::OpenPuzzle(const std::string& path) {
 }
 
 void CliSession::LoadWords(const std::string& list) {
-  const bool isLevel = list.size() == 1 && list >= "1" && list <= "3";
   try {
-    ReadDictionary(state, words, host,
-                   isLevel ? LevelFilePath(kLevelFiles[list[0] - '1']) : list);
+    ReadDictionary(state, words, host, ListPath(list));
   } catch (const ProgramEnd& end) {
     throw FileError(list + ":" + end.what());
   }

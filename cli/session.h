@@ -31,9 +31,6 @@ class CliHost : public Host {
   bool answerYes = true;                 // to every question
   std::string textAnswer;                // to every prompt
   bool log = false;                      // print the solver's log
-  // From now on takes an interrupt (Ctrl-C) for Halt; a second one kills.
-  void TakeInterruptForHalt();
-  bool WasInterrupted() const;
   // The output, with no progress line in the way.
   std::ostream& Out();
   void Seed(std::uint64_t seed) { random_.seed(seed); }

@@ -4,9 +4,10 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "autofill/autofill.h"
+#include "cli/autofill_files.h"
 #include "cli/autofill_lists.h"
 #include "cli/commands.h"
-#include "cli/session.h"
 
 namespace {
 
@@ -19,16 +20,16 @@ struct Arguments {
 };
 
 int RunSuggest(const Arguments& arguments) {
-  const Puzzle puzzle = ReadPuzzleOrGrid(arguments.puzzle);
+  const autofill::Problem problem =
+      autofill::ProblemOf(ReadPuzzleOrGrid(arguments.puzzle));
   const WordList words = LoadLists(arguments.lists);
   autofill::Suggestions found;
   try {
-    found = autofill::Suggest(RowsOf(puzzle), words, {}, arguments.entry,
-                              arguments.limit);
+    found = Suggest(problem, words, {}, arguments.entry, arguments.limit);
   } catch (const std::invalid_argument& error) {
     std::cerr << "kelda-cli: " << arguments.puzzle << ": " << error.what()
               << "\n";
-    return kFileFailed;
+    return kNotCompleted;
   }
   if (arguments.json) {
     nlohmann::ordered_json json = {{"entry", arguments.entry},

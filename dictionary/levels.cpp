@@ -15,3 +15,11 @@ std::string LevelFilePath(const std::string& name) {
   }
   return name;
 }
+
+bool IsLevel(std::string_view list) {
+  return list.size() == 1 && list >= "1" && list <= "3";
+}
+
+std::string ListPath(const std::string& list) {
+  return IsLevel(list) ? LevelFilePath(kLevelFiles[list[0] - '1']) : list;
+}

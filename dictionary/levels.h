@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 inline constexpr std::array kLevelFiles = {"L1Ascii.txt", "L2Ascii.txt",
                                            "L3Ascii.txt"};
@@ -13,3 +14,8 @@ inline constexpr int kDefaultLevel = 1;  // place in kLevelFiles
 // in the installed data folder (that of this installation, then the one it
 // was built for); the bare name when it is in none.
 std::string LevelFilePath(const std::string& name);
+
+// Whether a list on the command line is a level: "1", "2" or "3".
+bool IsLevel(std::string_view list);
+// The path of such a list: of the level's file, else the name itself.
+std::string ListPath(const std::string& list);

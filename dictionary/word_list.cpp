@@ -34,6 +34,12 @@ std::string LengthTable::Text(int word) const {
   return text;
 }
 
+bool FitsMask(std::string_view word, std::string_view mask) {
+  return std::ranges::equal(word, mask, [](char letter, char known) {
+    return known == '?' || known == letter;
+  });
+}
+
 WordList::WordList() {
   for (int length = 0; length <= kLongestWord; ++length) {
     tables_[length].length = length;
@@ -52,6 +58,22 @@ int WordList::ScoreOf(std::string_view word) const {
   const LengthTable& table = tables_[word.size()];
   int found = table.Find(word);
   return found < 0 ? -1 : table.scores[found];
+}
+
+int WordList::LeastScoreAsked(std::string_view mask, int minimum) const {
+  if (mask.size() > kLongestWord) return 0;
+  const LengthTable& table = tables_[mask.size()];
+  for (int word = table.CountFrom(minimum); word < table.count; ++word)
+    if (FitsMask(table.Text(word), mask)) return minimum;
+  const LeftOut& left = leftOut_[mask.size()];
+  int least = 0;
+  for (size_t i = 0; i < left.minimums.size(); ++i) {
+    const auto word =
+        std::string_view(left.letters).substr(i * mask.size(), mask.size());
+    if (FitsMask(word, mask) && (!least || left.minimums[i] < least))
+      least = left.minimums[i];
+  }
+  return least;
 }
 
 std::vector<int> WordList::Scores() const {
@@ -106,14 +128,14 @@ bool WordListBuilder::Add(std::string_view word, int score, int minimum,
     Entry& entry = entries_[places_[place] - 1];
     if (entry.list == list && score > entry.score) {
       entry.score = static_cast<uint8_t>(score);
-      entry.wanted = score >= minimum;
+      entry.minimum = static_cast<uint8_t>(minimum);
     }
     return false;
   }
   entries_.push_back({static_cast<uint32_t>(text_.size()),
                       static_cast<uint8_t>(word.size()),
                       static_cast<uint8_t>(score), static_cast<uint8_t>(list),
-                      score >= minimum});
+                      static_cast<uint8_t>(minimum)});
   text_.insert(text_.end(), word.begin(), word.end());
   places_[place] = static_cast<uint32_t>(entries_.size());
   if (entries_.size() * 2 > places_.size()) Grow();
@@ -170,7 +192,7 @@ WordList WordListBuilder::Build() {
   std::vector<std::array<int, kBestScore + 2>> next(kLongestWord + 1);
   for (auto& row : next) row.fill(0);
   for (const Entry& e : entries_) {
-    if (e.wanted) ++next[e.length][kBestScore - e.score + 1];
+    if (e.Wanted()) ++next[e.length][kBestScore - e.score + 1];
   }
   for (int length = kShortestWord; length <= kLongestWord; ++length) {
     auto& row = next[length];
@@ -184,7 +206,11 @@ WordList WordListBuilder::Build() {
     }
   }
   for (const Entry& e : entries_) {
-    if (!e.wanted) continue;
+    if (!e.Wanted()) {
+      list.leftOut_[e.length].letters.append(&text_[e.start], e.length);
+      list.leftOut_[e.length].minimums.push_back(e.minimum);
+      continue;
+    }
     LengthTable& table = list.tables_[e.length];
     int word = spreads[e.length][kBestScore - e.score].Next();
     table.scores[word] = e.score;

@@ -49,6 +49,9 @@ struct LengthTable {
   std::string Text(int word) const;
 };
 
+// Whether a word has the letters of a mask ("C?T").
+bool FitsMask(std::string_view word, std::string_view mask);
+
 class WordList {
  public:
   WordList();
@@ -56,12 +59,22 @@ class WordList {
   int Count() const;
   // The score of a word, or -1 when it isn't in the list.
   int ScoreOf(std::string_view word) const;
+  // The least score that keeps a word from being used which would fit a mask:
+  // `minimum`, or that of the list which left the word out; 0 when there is
+  // no such word.  Reads all words of the length.
+  int LeastScoreAsked(std::string_view mask, int minimum) const;
   // The scores that occur, rising.
   std::vector<int> Scores() const;
 
  private:
   friend class WordListBuilder;
+  // Words that score less than their list's minimum, one after another.
+  struct LeftOut {
+    std::string letters;
+    std::vector<uint8_t> minimums;
+  };
   std::array<LengthTable, kLongestWord + 1> tables_;
+  std::array<LeftOut, kLongestWord + 1> leftOut_;
 };
 
 // Fills a WordList.  Where a word comes again, the first call decides.
@@ -81,7 +94,9 @@ class WordListBuilder {
     uint8_t length;
     uint8_t score;
     uint8_t list;
-    bool wanted;
+    uint8_t minimum;
+
+    bool Wanted() const { return score >= minimum; }
   };
 
   size_t FindPlace(std::string_view word) const;

@@ -4,6 +4,7 @@
 """
 
 import json
+import os
 import pathlib
 import signal
 import subprocess
@@ -16,7 +17,8 @@ GRIDS = pathlib.Path(__file__).parent.parent / "bench" / "grids"
 
 
 def run(*arguments, status=0):
-    done = subprocess.run([CLI, *map(str, arguments)], capture_output=True,
+    done = subprocess.run([CLI, *(a if isinstance(a, bytes) else str(a)
+                                  for a in arguments)], capture_output=True,
                           text=True, timeout=300)
     assert done.returncode == status, (arguments, done)
     return done
@@ -68,7 +70,7 @@ def check_outcomes(folder):
     assert "lowest score 70; 71 is impossible" in done.stdout, done
     assert "CAT##" in done.stdout and "1 refused" in done.stderr, done
     done = run("autofill", path, "-w", f"{words}:80", status=1)
-    assert "impossible: 2D (T?N) has no word" in done.stdout, done
+    assert "impossible: 2D (T?N) has no word of 80 or more;" in done.stdout
     done = run("autofill", path, "-w", words, "--count", 2, "--differ", 1,
                "-o", folder / "full.kdp")
     assert "filled 2 times, lowest score 70" in done.stdout, done
@@ -76,22 +78,62 @@ def check_outcomes(folder):
     assert "COT##" in (folder / "full-2.kdp").read_text()
     done = run("suggest", path, "1a", "-w", words)
     assert done.stdout == "CAT 90 1\nCOT 40 1\n", done
+    done = run("suggest", path, "9D", "-w", words, status=1)
+    assert "there is no entry 9D" in done.stderr, done
+
+    # What is no letter stays, and the entry with it.
+    odd = puzzle(folder, "odd.kdp",
+                 ["+.T##", "##.##", "##N##", "#####", "#####"])
+    done = run("autofill", odd, "-w", words, status=1)
+    assert 'odd.kdp: 1A is left as it is: it holds "+"' in done.stderr, done
+    assert done.stdout.splitlines()[1:4] == ["+.T##", "##E##", "##N##"], done
 
 
 def check_errors(folder):
+    path = puzzle(folder, "a.kdp", ["...", "...", "..."])
     run("autofill", status=2)
     run("autofill", "x.kdp", "-w", "2:101", status=2)
+    for option, values in {"--time": ["nan", "-1", "inf", "1e7"],
+                           "--seed": ["-1", "18446744073709551616", "1.5"],
+                           }.items():
+        for value in values:
+            run("autofill", path, f"{option}={value}", status=2)
+    run("layout", "random", "--seed=99999999999999999999", status=2)
     run("autofill", folder / "none.kdp", status=3)
-    letters = puzzle(folder, "bad.kdp", ["+..", "...", "..."])
-    run("autofill", letters, status=3)
-    other = folder / "other"
-    other.mkdir()
-    done = run("autofill", letters, puzzle(other, "bad.kdp", ["..."]), "-o",
-               folder / "out", status=3)
-    assert "two puzzles have the name bad.kdp" in done.stderr, done
     empty = folder / "empty.txt"
     empty.write_text("")
-    run("autofill", letters, "-w", empty, status=3)
+    run("autofill", path, "-w", empty, status=3)
+
+
+def check_batch(folder):
+    """Nobody's fill is lost, whatever becomes of the others."""
+    rows = ["...", "...", "..."]
+    first = puzzle(folder, "p.kdp", rows)
+    second = puzzle(folder, "p-2.kdp", rows)
+    other = folder / "other"
+    other.mkdir()
+    out = folder / "out"
+    for twins in ([first, puzzle(other, "p.kdp", rows)],
+                  [first, second, "--count", 2]):
+        done = run("autofill", *twins, "-o", out, status=3)
+        assert "would have the same name" in done.stderr, done
+        assert not list(out.iterdir()), done
+    (out / "p.kdp").write_text("mine")
+    done = run("autofill", second, first, "-o", out, status=3)
+    assert "--force replaces it" in done.stderr, done
+    assert [path.name for path in out.iterdir()] == ["p.kdp"], done
+    run("autofill", second, first, "-o", out, "--force")
+    assert (out / "p.kdp").read_text().startswith("A title"), done
+
+    strange = bytes(folder) + b"/caf\xe9.kdp"
+    pathlib.Path(strange.decode(errors="surrogateescape")).write_bytes(
+        first.read_bytes())
+    done = run("autofill", strange, folder / "none.kdp", first, "--json",
+               status=3)
+    reports = [json.loads(line) for line in done.stdout.splitlines()]
+    statuses = [report["status"] for report in reports]
+    assert statuses == ["filled", "failed", "filled"], done
+    assert reports[0]["puzzle"].endswith("/caf\\xE9.kdp"), reports[0]
 
 
 def check_interrupt(folder):
@@ -104,9 +146,30 @@ def check_interrupt(folder):
     out, _ = process.communicate(timeout=60)
     assert process.returncode == 1 and "stopped" in out, out
 
+    # While a list, a puzzle or standard input is read, it ends at once.
+    waiting = folder / "waiting.txt"
+    os.mkfifo(waiting)
+    for command in (["autofill", path, "-w", waiting], ["autofill", waiting],
+                    ["autofill", "-"], ["suggest", path, "1A", "-w", waiting],
+                    ["check", "-"], ["fill", "-"], ["words", waiting]):
+        process = subprocess.Popen([CLI, *map(str, command)],
+                                   stdin=subprocess.PIPE,
+                                   stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        time.sleep(0.5)
+        assert process.poll() is None, command
+        begin = time.monotonic()
+        process.send_signal(signal.SIGINT)
+        process.wait(timeout=60)
+        assert process.returncode == -signal.SIGINT, (command, process)
+        # The slack is for the checked builds on a busy machine.
+        assert time.monotonic() - begin < 2, command
+        process.stdin.close()
+
 
 with tempfile.TemporaryDirectory() as name:
-    for check in (check_files, check_outcomes, check_errors, check_interrupt):
+    for check in (check_files, check_outcomes, check_errors, check_batch,
+                  check_interrupt):
         folder = pathlib.Path(name) / check.__name__
         folder.mkdir()
         check(folder)

@@ -1,0 +1,30 @@
+// Where the fills of kelda-cli autofill go: a file, or files of a folder.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "puzzle/document.h"
+
+struct AutofillFiles {
+  std::string out;  // a file, a folder or "-"; "" for none
+  std::vector<std::string> puzzles;
+  int count = 1;       // fills of each puzzle
+  bool force = false;  // replace what is in the folder
+
+  // Whether `out` is a folder: it is one, ends with "/", or there are several
+  // puzzles.
+  bool IntoFolder() const;
+  // OUT, or in a folder OUT/name; the second fill of a puzzle and those after
+  // it get "-2" and so on.
+  std::string PathOf(const std::string& puzzle, int fill) const;
+  // Makes the folder.  Throws FileError, before anything is written, where a
+  // fill would take the place of another, or without `force` of a file that
+  // is in the folder.
+  void Reserve() const;
+};
+
+// A puzzle file, or only the rows of a grid, which then have no title.
+Document ReadPuzzleOrGrid(const std::string& path);
+std::string PuzzleText(const Document& document);
