@@ -118,10 +118,9 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(
       QIcon::fromTheme("kelda", QIcon(":/kelda/kelda.png")));
 
-  QtPicture picture;
   WindowHost host;
-  App app{{}, {}, host, picture};
-  host.state = &app.state;
+  App app{{}, {}, host};
+  QtPicture picture(app.state.paint);
   if (options.seed) host.Seed(*options.seed);
   MainWindow window(app, host, picture,
                     {QString::fromStdString(options.service),

@@ -35,7 +35,9 @@ class Canvas {
   // A line of a width along the edges of a box, half of it outside.
   virtual void Outline(const Box& box, Colour colour, int width) = 0;
   virtual void Fill(const Box& box, Colour colour) = 0;
-  // A line of ISO 8859-1 text, black, whose top left is at (x, y).
+  // A line of a width along the ellipse inside a box, half of it outside.
+  virtual void Circle(const Box& box, Colour colour, int width) = 0;
+  // A line of UTF-8 text, black, whose top left is at (x, y).
   virtual void Text(int x, int y, std::string_view text,
                     const TextStyle& style) = 0;
   // Goes on to the next page.

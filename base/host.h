@@ -25,6 +25,13 @@ struct FileRequest {
   std::string FileTypesName;  // "Dictionary Files"
 };
 
+// What the user asked of the running task, beside the commands that have run
+// meanwhile.
+struct Events {
+  bool halt = false;
+  bool log = false;  // that the solver's log be on
+};
+
 class Host {
  public:
   virtual ~Host() = default;
@@ -50,18 +57,20 @@ class Host {
   // Leaves the program when no command runs, unless the user cancels.
   virtual void Quit() {}
 
+  // Operations call these four through grid/events.h, which takes what
+  // happened into the state.
+
   // A line that the solver's log has just taken; returns when the user has
   // seen it, which makes the fill run step by step.
-  virtual void ShowLogLine(std::string_view line) = 0;
-
+  virtual Events ShowLogLine(std::string_view line) = 0;
   // Runs pending events if the user has pressed anything; the only point in
   // a long loop at which Halt can be seen.
-  virtual void Poll() = 0;
+  virtual Events Poll() = 0;
   // Runs pending events once.
-  virtual void RunEvents() = 0;
+  virtual Events RunEvents() = 0;
   // Takes the place of Poll where only Halt can end the task, for example
   // because "no further black square can be placed".
-  virtual void AwaitHalt(std::string_view why) = 0;
+  virtual Events AwaitHalt(std::string_view why) = 0;
 
   virtual void Pointer(PointerShape shape) = 0;
 

@@ -43,13 +43,13 @@ void OpenGrid(QuietDesk& desk, const std::string& name) {
     puzzle.cells.push_back(row);
   }
   puzzle.size = static_cast<int>(puzzle.cells.size());
-  ShowPuzzle(desk.state, desk.ports(), puzzle);
+  ShowPuzzle(desk.state, desk.host, puzzle);
 }
 
 // A 51 x 51 lattice split to word lengths.
 void MakeLargeLayout(QuietDesk& desk) {
   desk.state.Text3 = "51";
-  TwoByTwoLayout(desk.state, desk.ports());
+  TwoByTwoLayout(desk.state, desk.host);
 }
 
 void LoadL3(benchmark::State& run) {
@@ -70,7 +70,7 @@ void FillGrid(benchmark::State& run, const std::string& name) {
     QuietDesk desk;
     OpenGrid(desk, name);
     run.ResumeTiming();
-    report = Fill(desk.state, words, desk.ports()).Solve(StartLocation::Random);
+    report = Fill(desk.state, words, desk.host).Solve(StartLocation::Random);
     run.PauseTiming();
     grid = std::hash<std::string>()(GridText(desk.state));
     run.ResumeTiming();
@@ -93,7 +93,7 @@ void PlainFillGrid(benchmark::State& run, const std::string& name) {
   const WordTable& words = Words(2);
   QuietDesk real;
   OpenGrid(real, name);
-  Fill(real.state, words, real.ports()).Solve(StartLocation::Random);
+  Fill(real.state, words, real.host).Solve(StartLocation::Random);
   const Placement first = real.state.List6.front();
   for (auto _ : run) {
     run.PauseTiming();
@@ -123,7 +123,7 @@ void CheckGrid51(benchmark::State& run) {
   QuietDesk desk;
   MakeLargeLayout(desk);
   int status = 0;
-  for (auto _ : run) status = CheckGrid(desk.state, desk.ports(), true);
+  for (auto _ : run) status = CheckGrid(desk.state, desk.host, true);
   run.counters["status"] = status;
 }
 BENCHMARK(CheckGrid51)->Unit(benchmark::kMillisecond);
@@ -132,7 +132,7 @@ void LatticeLayout(benchmark::State& run) {
   for (auto _ : run) {
     QuietDesk desk;
     desk.state.Text3 = std::to_string(run.range(0));
-    TwoByTwoLayout(desk.state, desk.ports());
+    TwoByTwoLayout(desk.state, desk.host);
     benchmark::DoNotOptimize(desk.state.BlackSquareCount);
   }
 }

@@ -10,6 +10,7 @@
 #include "draw/qt_picture_file.h"
 #include "draw/qt_session.h"
 #include "files/sheet.h"
+#include "grid/drawing.h"
 #include "grid/slots.h"
 #include "tests/quiet_host.h"
 
@@ -48,7 +49,7 @@ void PicturePng(benchmark::State& run) {
   const State state = Lattice(static_cast<int>(run.range(0)));
   std::size_t bytes = 0;
   for (auto _ : run)
-    bytes = PictureFile(state, {PictureKind::Png, 1, true}).size();
+    bytes = PictureFile(PaintOf(state, true), "", {PictureKind::Png, 1}).size();
   run.counters["bytes"] = static_cast<double>(bytes);
 }
 BENCHMARK(PicturePng)->Arg(15)->Arg(51)->Unit(benchmark::kMillisecond);

@@ -30,12 +30,11 @@ class GoOn : public WindowHost {
   void Tell(std::string_view) override {}
   bool AskYesNo(std::string_view) override { return true; }
   TriesAnswer AskTries(std::string_view) override { return TriesAnswer::Retry; }
-  void ShowLogLine(std::string_view) override { Poll(); }
+  Events ShowLogLine(std::string_view) override { return Poll(); }
 };
 
 struct Desk {
-  Desk() : app{{}, {}, host, picture} {
-    host.state = &app.state;
+  Desk() : app{{}, {}, host} {
     host.Seed(1);
     window.emplace(
         app, host, picture,
@@ -53,8 +52,8 @@ struct Desk {
 
   QTemporaryDir folder;
   GoOn host;
-  QtPicture picture;
   App app;
+  QtPicture picture{app.state.paint};
   std::optional<MainWindow> window;
 };
 
@@ -131,7 +130,7 @@ void Dense21(Desk& desk) {
   const std::string path = desk.folder.path().toStdString() + "/dense.kdp";
   std::ifstream grid(KELDA_BENCH_GRIDS "/am21-03.txt");
   std::ofstream(path) << "Dense\n" << grid.rdbuf();
-  (void)OpenPuzzle(desk.app.state, desk.app.ports(), path);
+  (void)OpenPuzzle(desk.app.state, desk.app.host, path);
 }
 
 void MeasureTasks() {

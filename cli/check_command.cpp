@@ -23,10 +23,11 @@ int RunCheck(const std::string& puzzle) {
   session.OpenPuzzle(puzzle);
   std::ostringstream message;
   session.host.output = &message;
-  const CheckStatus result = CheckGrid(session.state, session.ports(), false);
-  for (const auto& [cell, colour] : session.picture.paint)
-    if (const char* name = PaintName(colour))
+  const CheckStatus result = CheckGrid(session.state, session.host, false);
+  ForEachCell(session.state.GridSize, [&](Pos cell) {
+    if (const char* name = PaintName(session.state.paint[cell].fill))
       std::cout << cell.Text() << " " << name << "\n";
+  });
   std::cout << message.str() << "Status " << result << "\n";
   return result == kCheckOk ? kDone : kNotCompleted;
 }

@@ -43,7 +43,7 @@ int RunFill(const Options& options) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point begin = Clock::now();
   const FillReport report =
-      Fill(session.state, session.words, session.ports())
+      Fill(session.state, session.words, session.host)
           .Solve(options.start.empty() ? StartLocation::Random
                                        : StartLocation::Specified);
   const std::chrono::duration<double> seconds = Clock::now() - begin;

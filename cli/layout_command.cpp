@@ -29,9 +29,9 @@ int RunLayout(const LayoutOptions& options) {
   session.state.Text2 = std::to_string(options.squares);
   const StopOnInterrupt scope;
   if (options.kind == "random")
-    RandomBlackSquares(session.state, session.ports());
+    RandomBlackSquares(session.state, session.host);
   else
-    TwoByTwoLayout(session.state, session.ports());
+    TwoByTwoLayout(session.state, session.host);
   session.SavePuzzle(options.out);
   return WasInterrupted() ? kNotCompleted : kDone;
 }
@@ -43,7 +43,7 @@ int RunSplit(const std::string& puzzle, const std::string& out,
   if (out == "-") session.host.output = &std::cerr;
   if (seed) session.host.Seed(*seed);
   const int before = session.state.BlackSquareCount;
-  SplitMaxLine(session.state, session.ports());
+  SplitMaxLine(session.state, session.host);
   if (!out.empty()) session.SavePuzzle(out);
   return session.state.BlackSquareCount > before ? kDone : kNotCompleted;
 }

@@ -3,11 +3,13 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/utf8.h"
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
 #include "cli/session.h"
 #include "draw/qt_picture_file.h"
 #include "draw/qt_session.h"
+#include "grid/drawing.h"
 
 namespace {
 
@@ -42,8 +44,9 @@ int RunPicture(const Options& options) {
   }
   const DrawingSession drawing;
   WriteOutput(options.output,
-              PictureFile(session.state, {PictureKindOf(options.output),
-                                          options.scale, !options.blank}));
+              PictureFile(PaintOf(session.state, !options.blank),
+                          FromLatin1(session.state.Text5),
+                          {PictureKindOf(options.output), options.scale}));
   return kDone;
 }
 

@@ -11,7 +11,7 @@
 #include "files/puzzle_file.h"
 #include "grid/choose_dictionary.h"
 
-CliHost::CliHost(State& state)
+CliHost::CliHost(const State& state)
     : output(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {}
 
 std::ostream& CliHost::Out() {
@@ -54,14 +54,15 @@ std::string CliHost::AskFileName(const FileRequest&) {
   return "";
 }
 
-void CliHost::ShowLogLine(std::string_view line) {
+Events CliHost::ShowLogLine(std::string_view line) {
   Out() << line << "\n";
+  return {};
 }
 
-void CliHost::Poll() {
+Events CliHost::Poll() {
   constexpr int kPollsPerLook = 64;
-  if (WasInterrupted()) state_.haltRequested = true;
   if (showsProgress_ && ++polls_ % kPollsPerLook == 0) ShowProgress();
+  return {.halt = WasInterrupted()};
 }
 
 void CliHost::ShowProgress() {
@@ -75,13 +76,13 @@ void CliHost::ShowProgress() {
 
 // Runs start with the log off; whoever wants it switches it on when the
 // run first lets events run.
-void CliHost::RunEvents() {
-  state_.logEnabled = log;
+Events CliHost::RunEvents() {
+  return {.log = log};
 }
 
-void CliHost::AwaitHalt(std::string_view why) {
+Events CliHost::AwaitHalt(std::string_view why) {
   std::cerr << "kelda-cli: stopped: " << why << "\n";
-  state_.haltRequested = true;
+  return {.halt = true};
 }
 
 double CliHost::Chance() {
@@ -95,7 +96,7 @@ void CliHost::EndProgram(std::string_view why) {
 }
 
 void CliSession::OpenPuzzle(const std::string& path) {
-  ShowPuzzle(state, ports(), ReadPuzzle(path));
+  ShowPuzzle(state, host, ReadPuzzle(path));
 }
 
 void CliSession::LoadWords(const std::string& list) {

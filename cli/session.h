@@ -1,11 +1,10 @@
 // What the commands of kelda-cli work with: the program's state, and a host
-// and a picture that stand for the user and the window.
+// that stands for the user.
 
 #pragma once
 
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <optional>
 #include <ostream>
 #include <random>
@@ -24,7 +23,7 @@ class ProgramEnd : public FileError {
 // Answers questions from the options of the command and prints messages.
 class CliHost : public Host {
  public:
-  explicit CliHost(State& state);
+  explicit CliHost(const State& state);
 
   std::ostream* output;                  // of messages and the log
   std::deque<TriesAnswer> triesAnswers;  // then Abort
@@ -41,10 +40,10 @@ class CliHost : public Host {
   std::string AskText(std::string_view prompt, std::string_view title,
                       std::string_view preset) override;
   std::string AskFileName(const FileRequest& request) override;
-  void ShowLogLine(std::string_view line) override;
-  void Poll() override;
-  void RunEvents() override;
-  void AwaitHalt(std::string_view why) override;
+  Events ShowLogLine(std::string_view line) override;
+  Events Poll() override;
+  Events RunEvents() override;
+  Events AwaitHalt(std::string_view why) override;
   void Pointer(PointerShape) override {}
   double Chance() override;
   [[noreturn]] void EndProgram(std::string_view why) override;
@@ -52,31 +51,17 @@ class CliHost : public Host {
  private:
   void ShowProgress();
 
-  State& state_;
+  const State& state_;
   std::mt19937_64 random_{std::random_device{}()};
   bool showsProgress_;
   bool progressIsShown_ = false;
   int polls_ = 0;
 };
 
-// Remembers how each cell is painted.
-class CliPicture : public Picture {
- public:
-  void Clear() override { paint.clear(); }
-  void GridLines(int) override {}
-  void FillCell(Pos cell, Colour colour) override { paint[cell] = colour; }
-  void CellText(Pos, int, char) override {}
-
-  std::map<Pos, Colour> paint;
-};
-
 struct CliSession {
   State state;
   WordTable words;
   CliHost host{state};
-  CliPicture picture;
-
-  Ports ports() { return {host, picture}; }
 
   // Opens a puzzle file; "-" is standard input.
   void OpenPuzzle(const std::string& path);

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "base/utf8.h"
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
 #include "cli/session.h"
@@ -33,11 +34,11 @@ std::string SheetFile(const State& state, const Options& options,
   };
   switch (kind) {
     case FileKind::Svg:
-      return PagesAsSvg(paper, state.Text5, draw);
+      return PagesAsSvg(paper, FromLatin1(state.Text5), draw);
     case FileKind::Png:
       return PagesAsPng(paper, draw);
     default:
-      return PagesAsPdf(paper, state.Text5, draw);
+      return PagesAsPdf(paper, FromLatin1(state.Text5), draw);
   }
 }
 

@@ -63,6 +63,13 @@ void PainterCanvas::Fill(const Box& box, Colour colour) {
   painter_.restore();
 }
 
+void PainterCanvas::Circle(const Box& box, Colour colour, int width) {
+  painter_.setPen(QPen(ColourOf(colour), width));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawEllipse(
+      QRectF(QPointF(box.left, box.top), QPointF(box.right, box.bottom)));
+}
+
 void PainterCanvas::Text(int x, int y, std::string_view text,
                          const TextStyle& style) {
   const FontBook::Entry& entry = fonts_.Of(style);

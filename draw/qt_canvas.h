@@ -17,6 +17,7 @@ class PainterCanvas : public SizedCanvas {
 
   void Outline(const Box& box, Colour colour, int width) override;
   void Fill(const Box& box, Colour colour) override;
+  void Circle(const Box& box, Colour colour, int width) override;
   void Text(int x, int y, std::string_view text,
             const TextStyle& style) override;
   void NewPage() override { newPage_(); }

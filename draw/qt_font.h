@@ -18,9 +18,9 @@
 // The families of a text, best first.
 QStringList FontFamilies(const TextStyle& style);
 
-// Text of the program (ISO 8859-1) for Qt.
+// UTF-8 for Qt.
 inline QString FromText(std::string_view text) {
-  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 // Fonts in twips with their measures, each made once.

@@ -24,7 +24,7 @@ inline constexpr Paper kLetter{12240, 15840};
 // A PDF file in the making.
 class PdfDocument {
  public:
-  // The title is the document's name, in ISO 8859-1.
+  // The title is the document's name, in UTF-8.
   PdfDocument(const Paper& paper, std::string_view title);
   ~PdfDocument();
 

@@ -7,6 +7,7 @@ namespace {
 
 constexpr double kDotsPerInch = 96;
 constexpr double kInchesPerMetre = 1 / 0.0254;
+constexpr int kBarReach = 20;  // twips, of a bar beyond its line
 
 QColor ToQt(Colour colour) {
   return {colour.red, colour.green, colour.blue};
@@ -16,8 +17,27 @@ int LeftOf(int col) {
   return (col - 1) * CellSize;
 }
 
-bool IsLetter(char letter) {
-  return letter != ' ' && letter != '\0' && letter != '.';
+// Whether a cell's look reaches into its neighbours, with which it shares
+// lines: they are drawn again with it.
+bool ReachesOut(const CellPaint& cell) {
+  return !cell.outlined || cell.barRight || cell.barBelow;
+}
+
+struct Cells {
+  Pos first{1, 1}, last{MaxGridSize, MaxGridSize};
+};
+
+// A cell and its neighbours.
+Cells Around(Pos p) {
+  return {{std::max(1, p.row - 1), std::max(1, p.col - 1)},
+          {std::min(MaxGridSize, p.row + 1), std::min(MaxGridSize, p.col + 1)}};
+}
+
+template <class Visit>
+void ForEachCell(const Cells& cells, Visit visit) {
+  for (int row = cells.first.row; row <= cells.last.row; ++row)
+    for (int col = cells.first.col; col <= cells.last.col; ++col)
+      visit(Pos{row, col});
 }
 
 }  // namespace
@@ -32,12 +52,17 @@ QFont FixedPitchFont() {
 
 // GridImage
 
-void GridImage::Reset(int n, double scale) {
-  n_ = n;
+void GridImage::SetScale(double scale) {
+  if (scale == scale_) return;
   scale_ = scale;
-  drawn_.Clear();
-  const int side = std::max(1, Side());
-  image_ = QImage(side, side, QImage::Format_RGB32);
+  StartAnew();
+}
+
+void GridImage::Reset(int columns, int rows) {
+  drawn_ = Paint();
+  drawn_.width = columns;
+  drawn_.height = rows;
+  image_ = QImage(Size().expandedTo({1, 1}), QImage::Format_RGB32);
   // Sizes in points come out right at every scale.
   const int dots = qRound(kDotsPerInch * scale_ * kInchesPerMetre);
   image_.setDotsPerMeterX(dots);
@@ -46,26 +71,49 @@ void GridImage::Reset(int n, double scale) {
   PrepareFonts();
 }
 
-QRegion GridImage::Update(const GridPaint& wanted) {
+QRegion GridImage::Update(const Paint& wanted) {
+  const bool anew = image_.isNull() || wanted.width != drawn_.width ||
+                    wanted.height != drawn_.height;
+  if (anew) Reset(wanted.width, wanted.height);
+  const std::vector<Pos> changed = Changed(wanted);
+  drawn_ = wanted;
+  const QRegion region = DrawCells(changed);
+  return anew ? QRegion(image_.rect()) : region;
+}
+
+std::vector<Pos> GridImage::Changed(const Paint& wanted) const {
+  std::array<std::array<bool, MaxGridSize + 1>, MaxGridSize + 1> marked{};
+  ForEachCell({}, [&](Pos p) {
+    if (wanted[p] == drawn_[p]) return;
+    const bool alone = !ReachesOut(wanted[p]) && !ReachesOut(drawn_[p]);
+    ForEachCell(alone ? Cells{p, p} : Around(p),
+                [&](Pos near) { marked[near.row][near.col] = true; });
+  });
+  std::vector<Pos> changed;
+  ForEachCell({}, [&](Pos p) {
+    if (marked[p.row][p.col]) changed.push_back(p);
+  });
+  return changed;
+}
+
+QRegion GridImage::DrawCells(const std::vector<Pos>& cells) {
   // More single cells than this are reported as one area.
-  constexpr int kMostRects = 64;
+  constexpr std::size_t kMostRects = 64;
+  if (cells.empty()) return {};
   QRegion changed;
   QRect all;
-  int count = 0;
-  QPainter painter;
+  QPainter painter(&image_);
   // Cells without an outline first: they share its lines with others.
-  for (const bool outlined : {false, true}) {
-    for (int i = 0; i < MaxGridSize * MaxGridSize; ++i) {
-      const Pos p{i / MaxGridSize + 1, i % MaxGridSize + 1};
-      if (wanted[p] == drawn_[p] || wanted[p].outlined != outlined) continue;
-      drawn_[p] = wanted[p];
-      if (!painter.isActive()) painter.begin(&image_);
-      DrawCell(painter, p, wanted[p]);
-      all |= Box(p);
-      if (++count <= kMostRects) changed |= Box(p);
-    }
+  for (const bool outlined : {false, true})
+    for (const Pos p : cells)
+      if (drawn_[p].outlined == outlined) DrawCell(painter, p, drawn_[p]);
+  ForEachCell({{1, 1}, {Rows(), Columns()}},
+              [&](Pos p) { DrawBars(painter, p, drawn_[p]); });
+  for (const Pos p : cells) {
+    all |= Box(p);
+    if (cells.size() <= kMostRects) changed |= Box(p);
   }
-  return count > kMostRects ? QRegion(all) : changed;
+  return cells.size() > kMostRects ? QRegion(all) : changed;
 }
 
 int GridImage::Pixel(int twips) const {
@@ -86,17 +134,48 @@ QRect GridImage::Inside(Pos p) const {
   return Box(p).adjusted(line, line, -line, -line);
 }
 
+void GridImage::DrawOutline(QPainter& painter, Pos p) {
+  for (const QRect& side : QRegion(Box(p)) - QRegion(Inside(p)))
+    painter.fillRect(side, ToQt(ColourBlackSquare));
+}
+
 void GridImage::DrawCell(QPainter& painter, Pos p, const CellPaint& cell) {
-  painter.fillRect(Box(p),
-                   ToQt(cell.outlined ? ColourBlackSquare : ColourBackground));
+  if (cell.outlined) {
+    DrawOutline(painter, p);
+  } else {
+    painter.fillRect(Box(p), ToQt(ColourBackground));
+    ForEachCell(Around(p), [&](Pos near) {
+      if (drawn_[near].outlined) DrawOutline(painter, near);
+    });
+  }
   painter.fillRect(Inside(p), ToQt(cell.fill));
   DrawTexts(painter, p, cell);
 }
 
+void GridImage::DrawBars(QPainter& painter, Pos p, const CellPaint& cell) {
+  if (!cell.barRight && !cell.barBelow) return;
+  const int line = std::max(1, qRound(scale_));
+  const int reach = std::max(1, Pixel(kBarReach));
+  const QRect grid = Box({1, 1}) | Box({Rows(), Columns()});
+  const auto draw = [&](const QRect& edge) {
+    painter.fillRect(edge.adjusted(-reach, -reach, reach, reach) & grid,
+                     ToQt(ColourBlackSquare));
+  };
+  QRect right = Box(p), below = right;
+  right.setLeft(right.right() - line + 1);
+  below.setTop(below.bottom() - line + 1);
+  if (cell.barRight) draw(right);
+  if (cell.barBelow) draw(below);
+}
+
 // PictureImage
 
-int PictureImage::Side() const {
-  return static_cast<int>(std::ceil((n_ * CellSize + 100) * PixelsPerTwip()));
+QSize PictureImage::Size() const {
+  const auto side = [this](int cells) {
+    return static_cast<int>(
+        std::ceil((cells * CellSize + 100) * PixelsPerTwip()));
+  };
+  return {side(Columns()), side(Rows())};
 }
 
 void PictureImage::PrepareFonts() {
@@ -148,30 +227,76 @@ void PictureImage::DrawTexts(QPainter& painter, Pos p, const CellPaint& cell) {
     painter.drawImage(shown, glyph, shown.translated(-place.topLeft()));
     left += glyph.width();
   };
+  if (cell.circled) DrawCircle(painter, inside);
   if (cell.number > 0) {
     int left = Pixel(LeftOf(p.col) + 50);
     for (char digit : std::to_string(cell.number))
       draw(numbers_, digit, left, Pixel(LeftOf(p.row) + 40));
   }
-  if (IsLetter(cell.letter)) {
+  const QString text = QString::fromStdString(cell.text);
+  if (text.isEmpty()) return;
+  const int top = Pixel(LeftOf(p.row) + 60) + letterShift_.y();
+  if (text.size() == 1 && text[0].unicode() < letters_.images.size()) {
     int left = Pixel(LeftOf(p.col) + 85) + letterShift_.x();
-    draw(letters_, cell.letter, left,
-         Pixel(LeftOf(p.row) + 60) + letterShift_.y());
+    draw(letters_, text[0].toLatin1(), left, top);
+  } else {
+    DrawFitted(painter, inside, top, text);
   }
+}
+
+void PictureImage::DrawCircle(QPainter& painter, const QRect& inside) {
+  const double width = std::max(1.0, Scale());
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(ToQt(ColourBlackSquare), width));
+  painter.drawEllipse(
+      QRectF(inside).adjusted(width / 2, width / 2, -width / 2, -width / 2));
+  painter.restore();
+}
+
+void PictureImage::DrawFitted(QPainter& painter, const QRect& inside, int top,
+                              const QString& text) {
+  constexpr int kInset = 20;  // twips, left and right
+  const QFontMetricsF full(letters_.font, &Image());
+  const double room = inside.width() - 2 * Pixel(kInset);
+  QFont font = letters_.font;
+  font.setPointSizeF(std::max(
+      1.0,
+      font.pointSizeF() * std::min(1.0, room / full.horizontalAdvance(text))));
+  const QFontMetricsF fitted(font, &Image());
+  const double middle = top + full.ascent() - full.capHeight() / 2;
+  painter.save();
+  painter.setClipRect(inside);
+  painter.setFont(font);
+  painter.setPen(Qt::black);
+  painter.drawText(
+      QPointF(
+          inside.left() + (inside.width() - fitted.horizontalAdvance(text)) / 2,
+          middle + fitted.capHeight() / 2),
+      text);
+  painter.restore();
 }
 
 // OverviewImage
 
-int OverviewImage::Side() const {
-  return qRound(side_ * scale_);
+void OverviewImage::SetSide(int side) {
+  if (side == side_) return;
+  side_ = side;
+  StartAnew();
+}
+
+QSize OverviewImage::Size() const {
+  const int side = qRound(side_ * Scale());
+  return {side, side};
 }
 
 double OverviewImage::PixelsPerTwip() const {
-  return Side() / std::round((n_ - 11.5) * 430 + 5100);
+  const int n = std::max(Columns(), Rows());
+  return Size().width() / std::round((n - 11.5) * 430 + 5100);
 }
 
 void OverviewImage::DrawTexts(QPainter& painter, Pos p, const CellPaint& cell) {
-  if (!IsLetter(cell.letter)) return;
+  if (cell.text.empty()) return;
   const QRect box = Box(p);
   const int arm = std::max(1, box.width() / 6);
   const int width = std::max(1, box.width() / 8);
@@ -188,66 +313,20 @@ void OverviewImage::DrawTexts(QPainter& painter, Pos p, const CellPaint& cell) {
 
 // QtPicture
 
-QtPicture::QtPicture() {
-  GridLines(0);
-}
-
-void QtPicture::Clear() {
-  paint_.Clear();
-}
-
-void QtPicture::GridLines(int n) {
-  if (n != n_) redrawn_ = overviewRedrawn_ = true;
-  n_ = n;
-  for (int row = 1; row <= n; ++row)
-    for (int col = 1; col <= n; ++col) paint_[{row, col}].outlined = true;
-}
-
-void QtPicture::FillCell(Pos cell, Colour colour) {
-  if (GridPaint::Holds(cell)) paint_[cell] = {colour, true, 0, ' '};
-}
-
-void QtPicture::CellText(Pos cell, int number, char letter) {
-  if (!GridPaint::Holds(cell)) return;
-  paint_[cell].number = number;
-  paint_[cell].letter = letter;
-}
-
-void QtPicture::SetScale(double scale) {
-  if (scale == image_.Scale()) return;
-  image_.Reset(n_, scale);
-  redrawn_ = true;
-}
-
 QRegion QtPicture::Update() {
-  if (redrawn_) image_.Reset(n_, image_.Scale());
-  const QRegion changed = image_.Update(paint_);
   const double scale = image_.Scale();
   QRegion logical;
-  if (redrawn_) {
-    const int side = static_cast<int>(std::ceil(Image().width() / scale));
-    logical = QRect(0, 0, side, side);
-  } else {
-    for (const QRect& box : changed) {
-      logical |= QRectF(box.x() / scale, box.y() / scale, box.width() / scale,
-                        box.height() / scale)
-                     .toAlignedRect();
-    }
+  for (const QRect& box : image_.Update(paint_)) {
+    logical |= QRectF(box.x() / scale, box.y() / scale, box.width() / scale,
+                      box.height() / scale)
+                   .toAlignedRect();
   }
-  redrawn_ = false;
   return logical;
 }
 
-void QtPicture::SetOverview(int side, double scale) {
+const QImage& QtPicture::Overview(int side, double scale) {
   overview_.SetSide(side);
-  overview_.Reset(n_, scale);
-  overviewRedrawn_ = true;
-}
-
-bool QtPicture::UpdateOverview() {
-  if (overviewRedrawn_) overview_.Reset(n_, overview_.Scale());
-  const bool changed = !overview_.Update(paint_).isEmpty();
-  const bool result = changed || overviewRedrawn_;
-  overviewRedrawn_ = false;
-  return result;
+  overview_.SetScale(scale);
+  overview_.Update(paint_);
+  return overview_.Image();
 }

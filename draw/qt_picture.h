@@ -1,9 +1,9 @@
 // The grid picture and its miniature, on images that stay as they are drawn.
 //
-// What is asked for is only noted; Update() brings the images up to date.  A
-// cell that already looks as it should costs nothing, so a caller may repaint
-// every cell as often as it likes.  Works without a window, at any scale:
-// 15 twips are a pixel at scale 1.
+// Update() brings an image up to date with a paint.  A cell that already looks
+// as it should costs nothing, so operations may repaint every cell as often as
+// they like.  Works without a window, at any scale: 15 twips are a pixel at
+// scale 1.
 
 #pragma once
 
@@ -12,54 +12,29 @@
 #include <QPainter>
 #include <QRegion>
 #include <array>
+#include <vector>
 
-#include "base/picture.h"
+#include "puzzle/paint.h"
 
 inline constexpr int kTwipsPerPixel = 15;
 
-// What a cell shows.
-struct CellPaint {
-  Colour fill = ColourBackground;
-  bool outlined = false;
-  int number = 0;  // 0 for none
-  char letter = ' ';
-  bool operator==(const CellPaint&) const = default;
-};
-
-class GridPaint {
- public:
-  CellPaint& operator[](Pos p) { return cells_[p.row * kSide + p.col]; }
-  const CellPaint& operator[](Pos p) const {
-    return cells_[p.row * kSide + p.col];
-  }
-  static bool Holds(Pos p) {
-    return p.row >= 1 && p.row <= MaxGridSize && p.col >= 1 &&
-           p.col <= MaxGridSize;
-  }
-  void Clear() { cells_.fill({}); }
-
- private:
-  static constexpr int kSide = MaxGridSize + 1;
-  std::array<CellPaint, kSide * kSide> cells_;
-};
-
-// An image of a grid that is n cells wide.
+// An image of a grid.
 class GridImage {
  public:
   virtual ~GridImage() = default;
 
-  // Starts again with an empty image; `scale` is device pixels per pixel.
-  void Reset(int n, double scale);
+  // Sets device pixels per pixel; the next update draws all anew.
+  void SetScale(double scale);
   // Draws the cells that look different from `wanted`; returns where the
   // image changed, in device pixels.
-  QRegion Update(const GridPaint& wanted);
+  QRegion Update(const Paint& wanted);
 
   const QImage& Image() const { return image_; }
   double Scale() const { return scale_; }
 
  protected:
-  // The side of the whole image in device pixels.
-  virtual int Side() const = 0;
+  // The size of the whole image in device pixels.
+  virtual QSize Size() const = 0;
   // Device pixels per twip.
   virtual double PixelsPerTwip() const = 0;
   // Draws what is inside a cell's outline, on its fill.
@@ -72,21 +47,30 @@ class GridImage {
   QRect Box(Pos p) const;
   QRect Inside(Pos p) const;
 
-  int n_ = 0;
-  double scale_ = 1;
+  int Columns() const { return drawn_.width; }
+  int Rows() const { return drawn_.height; }
+  // Makes the next update draw all anew.
+  void StartAnew() { image_ = QImage(); }
 
  private:
+  void Reset(int columns, int rows);
+  // The cells that have to be drawn for `wanted`, in reading order.
+  std::vector<Pos> Changed(const Paint& wanted) const;
+  QRegion DrawCells(const std::vector<Pos>& cells);
+  void DrawOutline(QPainter& painter, Pos p);
   void DrawCell(QPainter& painter, Pos p, const CellPaint& cell);
+  void DrawBars(QPainter& painter, Pos p, const CellPaint& cell);
 
+  double scale_ = 1;
   QImage image_;
-  GridPaint drawn_;
+  Paint drawn_;  // what the image shows
 };
 
 // The grid picture: clue numbers and letters.
 class PictureImage : public GridImage {
  protected:
-  int Side() const override;
-  double PixelsPerTwip() const override { return scale_ / kTwipsPerPixel; }
+  QSize Size() const override;
+  double PixelsPerTwip() const override { return Scale() / kTwipsPerPixel; }
   void DrawTexts(QPainter& painter, Pos p, const CellPaint& cell) override;
   void PrepareFonts() override;
 
@@ -99,6 +83,12 @@ class PictureImage : public GridImage {
     const QImage& Of(char character, const QImage& device);
   };
 
+  void DrawCircle(QPainter& painter, const QRect& inside);
+  // A text of several letters, as large as the cell allows, about the same
+  // height as a letter whose box begins at `top`.
+  void DrawFitted(QPainter& painter, const QRect& inside, int top,
+                  const QString& text);
+
   Glyphs numbers_, letters_;
   QPoint letterShift_;
 };
@@ -107,10 +97,10 @@ class PictureImage : public GridImage {
 class OverviewImage : public GridImage {
  public:
   // The side of the square that the whole miniature takes, in pixels.
-  void SetSide(int side) { side_ = side; }
+  void SetSide(int side);
 
  protected:
-  int Side() const override;
+  QSize Size() const override;
   double PixelsPerTwip() const override;
   void DrawTexts(QPainter& painter, Pos p, const CellPaint& cell) override;
 
@@ -118,37 +108,26 @@ class OverviewImage : public GridImage {
   int side_ = 250;
 };
 
-// The port, with both images.
-class QtPicture : public Picture {
+// Both images of a paint, which must outlive them.
+class QtPicture {
  public:
-  QtPicture();
-
-  void Clear() override;
-  void GridLines(int n) override;
-  void FillCell(Pos cell, Colour colour) override;
-  void CellText(Pos cell, int number, char letter) override;
+  explicit QtPicture(const Paint& paint) : paint_(paint) {}
 
   // Sets device pixels per pixel; the image is drawn anew.
-  void SetScale(double scale);
+  void SetScale(double scale) { image_.SetScale(scale); }
   // Draws what has changed; where, in pixels of the window.
   QRegion Update();
   // The image as of the last update.
   const QImage& Image() const { return image_.Image(); }
-  int Cells() const { return n_; }  // per row and column
-  const CellPaint& At(Pos p) const { return paint_[p]; }
 
-  // The miniature.
-  void SetOverview(int side, double scale);
-  bool UpdateOverview();  // whether it changed
-  const QImage& OverviewPicture() const { return overview_.Image(); }
+  // The miniature for a square of `side` pixels, each of which is `scale`
+  // device pixels wide.
+  const QImage& Overview(int side, double scale);
 
  private:
-  GridPaint paint_;
-  int n_ = 0;
+  const Paint& paint_;
   PictureImage image_;
   OverviewImage overview_;
-  bool redrawn_ = false;  // all of the image is new
-  bool overviewRedrawn_ = false;
 };
 
 // "Courier New", or what is installed in its place.

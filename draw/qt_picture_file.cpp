@@ -6,30 +6,28 @@
 
 #include "draw/qt_picture.h"
 #include "draw/qt_svg.h"
-#include "files/canvas_picture.h"
+#include "files/draw_paint.h"
 
 namespace {
 
 constexpr int kMostPixels = 10000;
 
 // The very pixels of the window's grid picture.
-QImage Draw(const State& state, const PictureChoice& choice) {
-  QtPicture picture;
-  picture.SetScale(choice.scale);
-  DrawPuzzle(state, picture, choice.letters);
-  picture.Update();
+QImage Draw(const Paint& paint, double scale) {
+  PictureImage picture;
+  picture.SetScale(scale);
+  picture.Update(paint);
   return picture.Image();
 }
 
-std::string Vectors(const State& state, const PictureChoice& choice) {
-  const int twips = PictureSide(state.GridSize);
-  SvgCanvas canvas(twips, twips);
-  CanvasPicture picture(canvas);
-  DrawPuzzle(state, picture, choice.letters);
+std::string Vectors(const Paint& paint, std::string_view title, double scale) {
   SvgPage page;
-  page.width = page.height = twips;
-  page.shownScale = choice.scale;
-  return canvas.File(page, state.Text5);
+  page.width = PictureSide(paint.width);
+  page.height = PictureSide(paint.height);
+  page.shownScale = scale;
+  SvgCanvas canvas(page.width, page.height);
+  DrawPaint(paint, canvas);
+  return canvas.File(page, title);
 }
 
 }  // namespace
@@ -43,11 +41,13 @@ double LargestPictureScale(int gridSize) {
   return double(kMostPixels) * kTwipsPerPixel / PictureSide(gridSize);
 }
 
-std::string PictureFile(const State& state, const PictureChoice& choice) {
-  if (choice.kind == PictureKind::Svg) return Vectors(state, choice);
+std::string PictureFile(const Paint& paint, std::string_view title,
+                        const PictureChoice& choice) {
+  if (choice.kind == PictureKind::Svg)
+    return Vectors(paint, title, choice.scale);
   QByteArray bytes;
   QBuffer buffer(&bytes);
-  Draw(state, choice)
+  Draw(paint, choice.scale)
       .save(&buffer, choice.kind == PictureKind::Bmp ? "BMP" : "PNG");
   return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }

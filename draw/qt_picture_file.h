@@ -7,7 +7,7 @@
 #include <string>
 
 #include "files/publisher.h"
-#include "grid/state.h"
+#include "puzzle/paint.h"
 
 // The pixels of a picture's side at a scale: 15 twips to a pixel at 1.
 int PicturePixels(int gridSize, double scale);
@@ -16,5 +16,7 @@ inline constexpr double kLeastPictureScale = 0.1;
 // The largest scale at which a picture is still drawn.
 double LargestPictureScale(int gridSize);
 
-// The bytes of a picture file.  The scale is within the two limits.
-std::string PictureFile(const State& state, const PictureChoice& choice);
+// The bytes of a picture file, an SVG file with a title (UTF-8).  The scale is
+// within the two limits.
+std::string PictureFile(const Paint& paint, std::string_view title,
+                        const PictureChoice& choice);

@@ -30,7 +30,7 @@ Paper PaperOf(const PrintQueue& queue) {
 
 // A name that the print service takes: UTF-8, at most 255 bytes.
 std::string JobTitle(std::string_view title) {
-  const QString name = FromText(title.substr(0, 120)).simplified();
+  const QString name = FromText(title).left(120).simplified();
   return name.isEmpty() ? "Crossword" : name.toStdString();
 }
 

@@ -66,6 +66,18 @@ void SvgCanvas::Fill(const Box& box, Colour colour) {
   path_ += BoxPath(box);
 }
 
+void SvgCanvas::Circle(const Box& box, Colour colour, int width) {
+  EndPath();
+  pages_.back() += "<ellipse" + Attribute("fill", "none") +
+                   Attribute("stroke", Hex(colour)) +
+                   Attribute("stroke-width", std::to_string(width)) +
+                   Attribute("cx", Number((box.left + box.right) / 2.0)) +
+                   Attribute("cy", Number((box.top + box.bottom) / 2.0)) +
+                   Attribute("rx", Number((box.right - box.left) / 2.0)) +
+                   Attribute("ry", Number((box.bottom - box.top) / 2.0)) +
+                   "/>\n";
+}
+
 void SvgCanvas::Text(int x, int y, std::string_view text,
                      const TextStyle& style) {
   EndPath();
@@ -76,7 +88,7 @@ void SvgCanvas::Text(int x, int y, std::string_view text,
   element += Attribute("y", Number(y + entry.metrics.ascent()));
   element += Attribute("font-size", std::to_string(entry.font.pixelSize()));
   if (style.bold) element += Attribute("font-weight", "bold");
-  if (text.size() > 1) {
+  if (FromText(text).size() > 1) {
     element += Attribute(
         "textLength", Number(entry.metrics.horizontalAdvance(FromText(text))));
     element += Attribute("lengthAdjust", "spacingAndGlyphs");

@@ -2,8 +2,10 @@
 
 #include <filesystem>
 
+#include "base/utf8.h"
 #include "files/puzzle_file.h"
 #include "files/sheet.h"
+#include "grid/drawing.h"
 
 namespace {
 
@@ -62,7 +64,7 @@ void SaveAsPdf(const State& state, Host& host, Publisher& publisher) {
                                     "*.pdf", "PDF Files"));
   if (path.empty()) return;
   const bool written = WriteMade(host, path, [&] {
-    return publisher.Pdf(state.Text5, [&](Canvas& canvas) {
+    return publisher.Pdf(FromLatin1(state.Text5), [&](Canvas& canvas) {
       DrawSheet(state, SheetMode::Full, canvas);
     });
   });
@@ -78,8 +80,10 @@ void SaveAsPicture(const State& state, Host& host, Publisher& publisher) {
                           svg ? "*.svg" : "*.png",
                           svg ? "SVG Pictures" : "PNG Pictures"));
   if (path.empty()) return;
-  const bool written = WriteMade(
-      host, path, [&] { return publisher.PictureFile(state, *choice); });
+  const bool written = WriteMade(host, path, [&] {
+    return publisher.PictureFile(PaintOf(state, choice->letters),
+                                 FromLatin1(state.Text5), *choice);
+  });
   if (written) host.Tell("Saved to: " + path);
 }
 

@@ -8,7 +8,7 @@
 
 #include "base/canvas.h"
 
-struct State;
+class Paint;
 
 // What a picture of the puzzle is made as.
 enum class PictureKind { Png, Svg, Bmp };
@@ -28,8 +28,8 @@ class Publisher {
   virtual std::string Pdf(std::string_view title, const DrawPages& draw) = 0;
   // Asks what a picture is to be like; nothing when cancelled.
   virtual std::optional<PictureChoice> AskPicture(int gridSize) = 0;
-  // The bytes of a picture file.
-  virtual std::string PictureFile(const State& state,
+  // The bytes of a picture file, with a title (UTF-8) where it can have one.
+  virtual std::string PictureFile(const Paint& paint, std::string_view title,
                                   const PictureChoice& choice) = 0;
   // Shows pages until the user has seen enough; returns whether they are to
   // be printed.

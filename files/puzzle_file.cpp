@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "grid/masks.h"
 #include "grid/new_grid.h"
 #include "grid/slots.h"
@@ -87,7 +88,7 @@ std::string GridText(const State& state) {
   return GridLines(state, "\n");
 }
 
-void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle) {
+void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle) {
   state.GridSize = puzzle.size;
   state.Grid = CellGrid();
   ForEachCell(puzzle.size, [&](Pos p) {
@@ -97,70 +98,70 @@ void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle) {
   ClearLists(state);
   state.Text3 = Str(puzzle.size);
   state.Text5 = puzzle.title;
-  BuildSlotList(state, ports.host);
-  DrawGridLines(state, ports.picture);
-  ports.host.RunEvents();
+  BuildSlotList(state, host);
+  DrawGridLines(state);
+  RunEvents(state, host);
   ForEachCell(puzzle.size, [&](Pos p) {
-    DrawCellText(state, ports.picture, p, state.Grid[p]);
-    if (state.IsBlack(p)) DrawCell(state, ports.picture, p, ColourBlackSquare);
+    DrawCellText(state, p, state.Grid[p]);
+    if (state.IsBlack(p)) DrawCell(state, p, ColourBlackSquare);
   });
   CountBlackSquares(state);
   BuildMaskList(state);
   state.WordProg.Value = state.ProgBar.Value = 0;
   state.WordProg.Caption = state.ProgBar.Caption = "";
-  DifficultyGauge(state, ports.host);
+  DifficultyGauge(state, host);
   EnableFrames(state);
 }
 
-bool OpenPuzzle(State& state, Ports ports, const std::string& path) {
+bool OpenPuzzle(State& state, Host& host, const std::string& path) {
   try {
     const Puzzle puzzle = ReadPuzzle(path, Opens::RegularFiles);
-    ports.host.Pointer(PointerShape::Hourglass);
-    ShowPuzzle(state, ports, puzzle);
+    host.Pointer(PointerShape::Hourglass);
+    ShowPuzzle(state, host, puzzle);
   } catch (const EvenGridSize&) {
-    ports.host.Tell("Grid size must be an odd number");
+    host.Tell("Grid size must be an odd number");
     return false;
   } catch (const FileError&) {
-    ports.host.Tell("error loading: " + path);
+    host.Tell("error loading: " + path);
     return false;
   }
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;
-  ports.host.Pointer(PointerShape::Normal);
+  host.Pointer(PointerShape::Normal);
   return true;
 }
 
-bool LoadPuzzle(State& state, Ports ports) {
-  const std::string path = ports.host.AskFileName(
+bool LoadPuzzle(State& state, Host& host) {
+  const std::string path = host.AskFileName(
       RequestPuzzle(FileRequest::Mode::Open, "Select a saved solution file"));
-  if (path.empty() || !OpenPuzzle(state, ports, path)) return false;
-  ports.host.Tell(path + " loaded");
+  if (path.empty() || !OpenPuzzle(state, host, path)) return false;
+  host.Tell(path + " loaded");
   return true;
 }
 
-bool SavePuzzleAs(State& state, Ports ports) {
-  const std::string path = ports.host.AskFileName(
+bool SavePuzzleAs(State& state, Host& host) {
+  const std::string path = host.AskFileName(
       RequestPuzzle(FileRequest::Mode::Save, "Select a file to save solution"));
-  if (path.empty() || !ConfirmOverwrite(ports.host, path)) return false;
-  ports.host.Pointer(PointerShape::Hourglass);
+  if (path.empty() || !ConfirmOverwrite(host, path)) return false;
+  host.Pointer(PointerShape::Hourglass);
   WriteFile(path, PuzzleText(state));
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;
-  ports.host.Pointer(PointerShape::Normal);
-  ports.host.Tell("Saved to: " + path);
+  host.Pointer(PointerShape::Normal);
+  host.Tell("Saved to: " + path);
   return true;
 }
 
-bool UpdatePuzzle(State& state, Ports ports) {
+bool UpdatePuzzle(State& state, Host& host) {
   const std::string& path = state.PuzzleFileName;
   if (path.empty()) {
-    ports.host.Tell("No file name to save");
+    host.Tell("No file name to save");
     return false;
   }
-  if (!ports.host.AskYesNo("Update " + path + " ?")) return false;
-  ports.host.Pointer(PointerShape::Hourglass);
+  if (!host.AskYesNo("Update " + path + " ?")) return false;
+  host.Pointer(PointerShape::Hourglass);
   WriteFile(path, PuzzleText(state));
-  ports.host.Pointer(PointerShape::Normal);
+  host.Pointer(PointerShape::Normal);
   return true;
 }
 

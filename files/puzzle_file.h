@@ -37,16 +37,16 @@ std::string PuzzleText(const State& state);
 std::string GridText(const State& state);
 
 // Makes a puzzle the state's puzzle, numbered and drawn.
-void ShowPuzzle(State& state, Ports ports, const Puzzle& puzzle);
+void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle);
 
 // Reads a puzzle and makes it the state's, with its file's name.  Tells of a
 // file that is no puzzle; the state is then as it was.
-bool OpenPuzzle(State& state, Ports ports, const std::string& path);
+bool OpenPuzzle(State& state, Host& host, const std::string& path);
 
 // The commands; each returns whether it loaded or saved.
-bool LoadPuzzle(State& state, Ports ports);
-bool SavePuzzleAs(State& state, Ports ports);
-bool UpdatePuzzle(State& state, Ports ports);
+bool LoadPuzzle(State& state, Host& host);
+bool SavePuzzleAs(State& state, Host& host);
+bool UpdatePuzzle(State& state, Host& host);
 
 // Whether a file may be written: it is not there, is empty, or the user
 // agrees that it is replaced.

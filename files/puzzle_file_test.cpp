@@ -17,11 +17,11 @@ TEST(PuzzleFile, LoadsAndSavesByTheQuestionsOfTheCommands) {
   const std::string path = folder.Path("a.kdp");
   Desk desk({"#A...", ".....", "..#..", ".....", "....#"});
   desk.state.Text5 = "A #. title";
-  UpdatePuzzle(desk.state, desk.ports());
+  UpdatePuzzle(desk.state, desk.host);
   EXPECT_EQ(desk.host.told.back(), "No file name to save");
 
   desk.host.script = {{kSave, path}};
-  SavePuzzleAs(desk.state, desk.ports());
+  SavePuzzleAs(desk.state, desk.host);
   EXPECT_EQ(folder.Read("a.kdp"),
             "A #. title\r\n#A...\r\n.....\r\n..#..\r\n.....\r\n....#\r\n");
   EXPECT_EQ(desk.host.told.back(), "Saved to: " + path);
@@ -29,29 +29,29 @@ TEST(PuzzleFile, LoadsAndSavesByTheQuestionsOfTheCommands) {
 
   desk.state.Grid[{2, 2}] = 'B';
   desk.host.script = {{kSave, path}, {"OverWrite file: " + path + " ?", "no"}};
-  SavePuzzleAs(desk.state, desk.ports());
+  SavePuzzleAs(desk.state, desk.host);
   desk.host.script = {{"Update " + path + " ?", "no"}};
-  UpdatePuzzle(desk.state, desk.ports());
+  UpdatePuzzle(desk.state, desk.host);
   EXPECT_EQ(folder.Read("a.kdp").find('B'), std::string::npos);
   desk.host.script = {{"Update " + path + " ?", "yes"}};
-  UpdatePuzzle(desk.state, desk.ports());
+  UpdatePuzzle(desk.state, desk.host);
   EXPECT_NE(folder.Read("a.kdp").find('B'), std::string::npos);
   // An empty file is replaced without a question.
   desk.host.script = {{kSave, folder.Write("b.kdp", "")}};
-  SavePuzzleAs(desk.state, desk.ports());
+  SavePuzzleAs(desk.state, desk.host);
   EXPECT_FALSE(folder.Read("b.kdp").empty());
 
   Desk other({".......", ".......", ".......", ".......", ".......", ".......",
               "......."});
   other.host.script = {{kOpen, path}};
-  LoadPuzzle(other.state, other.ports());
+  LoadPuzzle(other.state, other.host);
   EXPECT_EQ(Rows(other.state), Rows(desk.state));
   EXPECT_EQ(other.state.Text5, "A #. title");
   EXPECT_EQ(other.state.Text3, " 5");
   EXPECT_EQ(other.state.Text2, " 3");
   EXPECT_EQ(other.host.told.back(), path + " loaded");
-  EXPECT_EQ(other.picture.CellsIn(ColourBlackSquare).size(), 3u);
-  EXPECT_EQ((other.picture.texts[{1, 2}]), "1A");
+  EXPECT_EQ(CellsIn(other.state.paint, ColourBlackSquare).size(), 3u);
+  EXPECT_EQ(TextsOf(other.state.paint, {1, 2}), "1A");
 }
 
 TEST(PuzzleFile, AFailedLoadLeavesThePuzzleAsItWas) {
@@ -69,7 +69,7 @@ TEST(PuzzleFile, AFailedLoadLeavesThePuzzleAsItWas) {
     Desk desk({"#A...", ".....", ".....", ".....", "....#"});
     const auto before = Rows(desk.state);
     desk.host.script = {{kOpen, folder.Write("x.kdp", content)}};
-    LoadPuzzle(desk.state, desk.ports());
+    LoadPuzzle(desk.state, desk.host);
     EXPECT_EQ(desk.host.told.back().substr(0, message.size()), message);
     EXPECT_EQ(Rows(desk.state), before);
     EXPECT_EQ(desk.state.PuzzleFileName, "");
@@ -97,6 +97,6 @@ RC_GTEST_PROP(PuzzleFile, WhatWasSavedIsLoadedByteForByte, ()) {
             "\r\n";
   const TestFolder folder;
   Desk desk;
-  ShowPuzzle(desk.state, desk.ports(), ReadPuzzle(folder.Write("a", text)));
+  ShowPuzzle(desk.state, desk.host, ReadPuzzle(folder.Write("a", text)));
   RC_ASSERT(PuzzleText(desk.state) == text);
 }

@@ -2,7 +2,10 @@
 
 #include <cmath>
 
+#include "base/utf8.h"
 #include "files/title_lines.h"
+#include "grid/drawing.h"
+#include "grid/events.h"
 
 namespace {
 
@@ -66,22 +69,21 @@ void DrawOutlines(int n, const GridPlace& place, Canvas& canvas,
   });
 }
 
-void DrawContents(const State& state, SheetMode mode, const GridPlace& place,
+void DrawContents(const Paint& paint, SheetMode mode, const GridPlace& place,
                   Canvas& canvas) {
   const TextStyle numberStyle{kNumberPoints * place.Scale(), false, false};
   // Fixed pitch, so that every letter stands in the middle of its cell.
   const TextStyle letterStyle{kLetterPoints * place.Scale(), true, true};
-  ForEachCell(state.GridSize, [&](Pos p) {
-    const int number = state.CellNumbers[p.row][p.col];
-    if (mode == SheetMode::Full && number > 0)
+  ForEachCell(paint.width, [&](Pos p) {
+    const CellPaint& cell = paint[p];
+    if (mode == SheetMode::Full && cell.number > 0)
       canvas.Text(place.X(p, kNumberLeft), place.Y(p, kNumberTop),
-                  std::to_string(number), numberStyle);
-    const char cell = state.Grid[p];
-    if (cell == kBlackSquare)
-      canvas.Fill(place.BoxOf(p), ColourBlackSquare);
-    else if (cell != kEmptyCell && cell != kNoCell)
-      canvas.Text(place.X(p, kLetterLeft), place.Y(p, kLetterTop),
-                  std::string_view(&cell, 1), letterStyle);
+                  std::to_string(cell.number), numberStyle);
+    if (cell.fill != ColourBackground)
+      canvas.Fill(place.BoxOf(p), cell.fill);
+    else if (!cell.text.empty())
+      canvas.Text(place.X(p, kLetterLeft), place.Y(p, kLetterTop), cell.text,
+                  letterStyle);
   });
 }
 
@@ -176,7 +178,7 @@ void DrawSheet(const State& state, SheetMode mode, Canvas& canvas,
   }
   place.MoveTo(top);
   DrawOutlines(n, place, canvas, cellDrawn);
-  DrawContents(state, mode, place, canvas);
+  DrawContents(PaintOf(state, true), mode, place, canvas);
   if (mode == SheetMode::GridOnly) return;
   const int listTop = top + place.Scaled(n * CellSize) + CellSize;
   ListPages(canvas, title, listTop).Draw(ClueLines(state));
@@ -190,12 +192,12 @@ bool PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode) {
   try {
     // What the user edits meanwhile does not reach the paper.
     const State sheet = state;
-    DrawSheet(sheet, mode, printer.Begin(sheet.Text5), [&] {
+    DrawSheet(sheet, mode, printer.Begin(FromLatin1(sheet.Text5)), [&] {
       ++state.ProgBar.Value;
-      host.Poll();
+      Poll(state, host);
     });
     printer.Send();
-    while (!printer.Settled()) host.RunEvents();
+    while (!printer.Settled()) RunEvents(state, host);
   } catch (const PrintError& error) {
     failure = error.what();
   }

@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include "base/utf8.h"
+
 namespace {
 
 constexpr double kTitlePoints = 14;
@@ -27,7 +29,7 @@ class CharWidths {
   }
   int Of(char c) {
     int& width = widths_[static_cast<unsigned char>(c)];
-    if (width < 0) width = canvas_.TextWidth(std::string_view(&c, 1), style_);
+    if (width < 0) width = canvas_.TextWidth(FromLatin1({&c, 1}), style_);
     return width;
   }
 
@@ -58,7 +60,7 @@ std::vector<std::string> Broken(std::string_view text, CharWidths widths,
       const auto blank = text.substr(0, length + 1).find_last_of(' ');
       if (blank != text.npos && blank > 0) length = blank;
     }
-    lines.emplace_back(text.substr(0, length));
+    lines.push_back(FromLatin1(text.substr(0, length)));
     text.remove_prefix(length);
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   }
@@ -71,15 +73,16 @@ TitleLines FitTitle(std::string_view title, const Canvas& canvas, int width) {
   const std::string text = Printable(title);
   TitleLines fit;
   fit.style = {kTitlePoints, true, false};
-  const int needed = canvas.TextWidth(text, fit.style);
+  const std::string whole = FromLatin1(text);
+  const int needed = canvas.TextWidth(whole, fit.style);
   if (needed > width) {
     const double fitting = std::floor(kTitlePoints * 10 * width / needed) / 10;
     fit.style.points = std::max(kLeastPoints, fitting);
   }
   fit.pitch = static_cast<int>(std::lround(fit.style.points * 20 * 1.15));
   if (text.empty()) return fit;
-  if (canvas.TextWidth(text, fit.style) <= width)
-    fit.lines = {text};
+  if (canvas.TextWidth(whole, fit.style) <= width)
+    fit.lines = {whole};
   else
     fit.lines = Broken(text, CharWidths(canvas, fit.style), width);
   return fit;

@@ -10,11 +10,12 @@
 #include "base/canvas.h"
 
 struct TitleLines {
-  std::vector<std::string> lines;  // none for an empty title
+  std::vector<std::string> lines;  // UTF-8; none for an empty title
   TextStyle style;
   int pitch = 0;  // twips from line to line
 };
 
-// Fits a title into a width in twips.  Lines break at blanks, and inside a
-// word only where the word alone is wider.  Control characters are blanks.
+// Fits a title (ISO 8859-1) into a width in twips.  Lines break at blanks, and
+// inside a word only where the word alone is wider.  Control characters are
+// blanks.
 TitleLines FitTitle(std::string_view title, const Canvas& canvas, int width);

@@ -1,9 +1,23 @@
 #include "grid/drawing.h"
 
+#include "base/utf8.h"
+
 namespace {
 
 int PictureSize(const State& state) {
   return state.GridSize * CellSize + 100;
+}
+
+// A cell's letter as it is painted.
+std::string TextOf(char letter) {
+  if (letter == kEmptyCell || letter == kBlackSquare || letter == kNoCell)
+    return "";
+  return FromLatin1(std::string_view(&letter, 1));
+}
+
+// A cell that has just become black may still have its number.
+int NumberOf(const State& state, Pos cell) {
+  return state.IsBlack(cell) ? 0 : state.CellNumbers[cell.row][cell.col];
 }
 
 }  // namespace
@@ -20,32 +34,42 @@ void FitGridView(State& state) {
   state.HScroll1 = state.VScroll1;
 }
 
-void DrawGridLines(State& state, Picture& picture) {
+void DrawGridLines(State& state) {
   state.PictureSize = PictureSize(state);
-  picture.Clear();
   state.HScroll1.Value = state.VScroll1.Value = 0;
-  picture.GridLines(state.GridSize);
+  state.paint = Paint(state.GridSize, state.GridSize);
 }
 
-void DrawCell(const State& state, Picture& picture, Pos cell, Colour colour) {
-  picture.FillCell(cell, colour);
-  DrawCellText(state, picture, cell, state.Grid[cell]);
+void DrawCell(State& state, Pos cell, Colour colour) {
+  if (!Paint::Holds(cell)) return;
+  state.paint[cell] = {colour, true};
+  DrawCellText(state, cell, state.Grid[cell]);
 }
 
-void DrawCellText(const State& state, Picture& picture, Pos cell, char letter) {
-  // A cell that has just become black may still have its number.
-  const int number =
-      state.IsBlack(cell) ? 0 : state.CellNumbers[cell.row][cell.col];
-  picture.CellText(cell, number, letter);
+void DrawCellText(State& state, Pos cell, char letter) {
+  if (!Paint::Holds(cell)) return;
+  state.paint[cell].number = NumberOf(state, cell);
+  state.paint[cell].text = TextOf(letter);
 }
 
-void RedrawAllCells(const State& state, Picture& picture) {
+void RedrawAllCells(State& state) {
   ForEachCell(state.GridSize,
-              [&](Pos p) { DrawCellText(state, picture, p, state.Grid[p]); });
+              [&](Pos p) { DrawCellText(state, p, state.Grid[p]); });
 }
 
-void ClearHighlights(const State& state, Picture& picture) {
+void ClearHighlights(State& state) {
   ForEachCell(state.GridSize, [&](Pos p) {
-    if (!state.IsBlack(p)) DrawCell(state, picture, p, ColourBackground);
+    if (!state.IsBlack(p)) DrawCell(state, p, ColourBackground);
   });
+}
+
+Paint PaintOf(const State& state, bool letters) {
+  Paint paint(state.GridSize, state.GridSize);
+  ForEachCell(state.GridSize, [&](Pos p) {
+    CellPaint& cell = paint[p];
+    if (state.IsBlack(p)) cell.fill = ColourBlackSquare;
+    cell.number = NumberOf(state, p);
+    if (letters) cell.text = TextOf(state.Grid[p]);
+  });
+  return paint;
 }

@@ -66,10 +66,10 @@ void WriteSlot(State& state, Pos first, Direction direction,
   }
 }
 
-void DrawSlot(const State& state, Picture& picture, Pos first,
-              Direction direction, std::string_view text) {
+void DrawSlot(State& state, Pos first, Direction direction,
+              std::string_view text) {
   for (char c : text) {
-    DrawCellText(state, picture, first, c);
+    DrawCellText(state, first, c);
     first = Along(first, direction, 1);
   }
 }

@@ -41,8 +41,8 @@ void WriteSlot(State& state, Pos first, Direction direction,
                std::string_view text);
 
 // Prints a text into cells of the picture; the grid is not changed.
-void DrawSlot(const State& state, Picture& picture, Pos first,
-              Direction direction, std::string_view text);
+void DrawSlot(State& state, Pos first, Direction direction,
+              std::string_view text);
 
 // A mask as cells hold it: a blank for each "?".
 std::string CellsOfMask(const Mask& mask);

@@ -39,10 +39,10 @@ TEST(Masks, AWordIsReadOnlyFromALetteredSlot) {
 TEST(Masks, WritingGoesIntoTheGridAndDrawingDoesNot) {
   Desk desk({".....", ".....", ".....", ".....", "....."});
   WriteSlot(desk.state, {2, 3}, Direction::Down, "ART");
-  DrawSlot(desk.state, desk.picture, {1, 1}, Direction::Across, "XY");
+  DrawSlot(desk.state, {1, 1}, Direction::Across, "XY");
   EXPECT_EQ(
       Rows(desk.state),
       (std::vector<std::string>{".....", "..A..", "..R..", "..T..", "....."}));
-  EXPECT_EQ((desk.picture.texts[{1, 2}]), "2Y");
+  EXPECT_EQ(TextsOf(desk.state.paint, {1, 2}), "2Y");
   EXPECT_EQ(CellsOfMask(Mask("A?C")), "A C");
 }

@@ -25,8 +25,8 @@ int Percent(double count, int gridSize) {
 
 }  // namespace
 
-void NewGrid(State& state, Ports ports) {
-  ports.host.Pointer(PointerShape::Hourglass);
+void NewGrid(State& state, Host& host) {
+  host.Pointer(PointerShape::Hourglass);
   const int size = ValToInt(state.Text3);
   state.GridSize = SizeInRange(size);
   if (size < kSmallestGridSize || size > MaxGridSize) {
@@ -37,38 +37,37 @@ void NewGrid(State& state, Ports ports) {
   state.Label1 = "";
   state.WordProg.Value = 0;
   state.fillFailed = false;
-  DrawGridLines(state, ports.picture);
+  DrawGridLines(state);
   state.Grid = CellGrid();
   ForEachCell(state.GridSize, [&](Pos p) {
     state.Grid[p] = kEmptyCell;
     state.CellNumbers[p.row][p.col] = 0;
-    DrawCellText(state, ports.picture, p, kEmptyCell);
+    DrawCellText(state, p, kEmptyCell);
   });
   ClearLists(state);
   EnableFrames(state);
-  ports.host.Pointer(PointerShape::Normal);
+  host.Pointer(PointerShape::Normal);
 }
 
-void ClearWords(State& state, Ports ports) {
-  ports.host.Pointer(PointerShape::Hourglass);
+void ClearWords(State& state, Host& host) {
+  host.Pointer(PointerShape::Hourglass);
   state.Label1 = "";
   state.Text2 = "";
   ForEachCell(state.GridSize, [&](Pos p) {
     state.CellNumbers[p.row][p.col] = 0;
     const bool black = state.IsBlack(p);
     if (!black) state.Grid[p] = kEmptyCell;
-    DrawCell(state, ports.picture, p,
-             black ? ColourBlackSquare : ColourBackground);
+    DrawCell(state, p, black ? ColourBlackSquare : ColourBackground);
   });
   ClearLists(state);
   CountBlackSquares(state);
-  BuildSlotList(state, ports.host);
-  RedrawAllCells(state, ports.picture);
+  BuildSlotList(state, host);
+  RedrawAllCells(state);
   EnableFrames(state);
   state.WordProg.Value = state.ProgBar.Value = 0;
   state.WordProg.Caption = state.ProgBar.Caption = "";
   state.fillFailed = false;
-  ports.host.Pointer(PointerShape::Normal);
+  host.Pointer(PointerShape::Normal);
 }
 
 void CountBlackSquares(State& state) {

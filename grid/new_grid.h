@@ -8,10 +8,10 @@
 
 // An empty grid of the size in Text3, or of 13 when that is out of range.
 // The slot table is left as it was.
-void NewGrid(State& state, Ports ports);
+void NewGrid(State& state, Host& host);
 
 // Takes all letters out; black squares stay.
-void ClearWords(State& state, Ports ports);
+void ClearWords(State& state, Host& host);
 
 // Counts the black squares into BlackSquareCount, Text2 and Label2.
 void CountBlackSquares(State& state);

@@ -22,7 +22,7 @@ TEST(NewGrid, SizeBecomesOddOnLeavingAndIsCheckedOnDrawing) {
     EXPECT_EQ(desk.state.Label2, "");
     LeaveGridSize(desk.state);
     EXPECT_EQ(desk.state.Text3, c.left) << c.typed;
-    NewGrid(desk.state, desk.ports());
+    NewGrid(desk.state, desk.host);
     EXPECT_EQ(desk.state.Text3, c.drawn) << c.typed;
     EXPECT_EQ(desk.state.GridSize, c.size) << c.typed;
     EXPECT_EQ((desk.state.Grid[{c.size, c.size}]), kEmptyCell);
@@ -42,7 +42,7 @@ TEST(NewGrid, ClearKeepsBlackSquaresOnly) {
   Desk desk({"CAT#.", "AB...", "R....", "S....", ".#..E"});
   desk.state.List6.push_back({Word("CAT"), Mask("???"), {1, 1}});
   BuildMaskList(desk.state);
-  ClearWords(desk.state, desk.ports());
+  ClearWords(desk.state, desk.host);
   EXPECT_EQ(
       Rows(desk.state),
       (std::vector<std::string>{"...#.", ".....", ".....", ".....", ".#..."}));
@@ -50,9 +50,9 @@ TEST(NewGrid, ClearKeepsBlackSquaresOnly) {
   EXPECT_EQ(desk.state.Text2, " 2");
   EXPECT_EQ(desk.state.Label2, " = 8%");
   EXPECT_EQ(desk.state.Label1, " 10 Clues");
-  EXPECT_EQ(desk.picture.CellsIn(ColourBlackSquare),
+  EXPECT_EQ(CellsIn(desk.state.paint, ColourBlackSquare),
             (std::vector<Pos>{{1, 4}, {5, 2}}));
-  EXPECT_EQ((desk.picture.texts[{1, 1}]), "1 ");
+  EXPECT_EQ(TextsOf(desk.state.paint, {1, 1}), "1");
 }
 
 TEST(NewGrid, TheShareFollowsTheCountThatIsTyped) {

@@ -6,4 +6,4 @@
 
 // Paints every cell of the open slots shorter than 3 or longer than 20 and
 // returns how many such slots there are.  Rebuilds the mask list.
-int CheckSlotLengths(State& state, Picture& picture);
+int CheckSlotLengths(State& state);

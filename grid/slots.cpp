@@ -1,4 +1,5 @@
 #include "grid/slots.h"
+#include "grid/events.h"
 
 #include <algorithm>
 #include <cmath>
@@ -68,7 +69,7 @@ void BuildSlotList(State& state, Host& host) {
   state.SlotCells.BuildCrossings();
   state.ClueCount = static_cast<int>(rows.size());
   state.Label1 = Str(state.ClueCount) + " Clues";
-  host.RunEvents();
+  RunEvents(state, host);
 }
 
 void DifficultyGauge(State& state, Host& host) {
@@ -92,5 +93,5 @@ void DifficultyGauge(State& state, Host& host) {
       blacks == 0 || n == 0 ? 0 : std::floor(clues * text * length / blacks);
   state.GaugeWidth =
       static_cast<int>(std::clamp(grade, 3.0f, 45.0f)) * kTwipsPerGrade;
-  host.RunEvents();
+  RunEvents(state, host);
 }

@@ -13,10 +13,10 @@
 #include <vector>
 
 #include "base/host.h"
-#include "base/picture.h"
 #include "grid/list_rows.h"
 #include "grid/mask_cache.h"
 #include "grid/slot_table.h"
+#include "puzzle/paint.h"
 
 inline constexpr char kEmptyCell = ' ';
 inline constexpr char kBlackSquare = '.';
@@ -136,6 +136,7 @@ struct State {
   ProgressBar WordProg;
   Frames frames;
 
+  Paint paint;  // what the grid picture and the overview show
   // The view of the grid picture, in twips.
   int PictureSize = 0;  // side of the grid picture
   ScrollBar HScroll1;
@@ -162,12 +163,6 @@ struct State {
   bool DebugMode = false;  // the debug panel was unlocked
 
   bool IsBlack(Pos p) const { return Grid[p] == kBlackSquare; }
-};
-
-// How an operation meets the outside.
-struct Ports {
-  Host& host;
-  Picture& picture;
 };
 
 // Calls visit(Pos) for every cell of the grid in reading order.

@@ -39,9 +39,9 @@ void SetPair(State& state, Pos cell, char content) {
   state.Grid[Mirror(cell, state.GridSize)] = content;
 }
 
-void DrawPair(const State& state, Picture& picture, Pos cell, Colour colour) {
-  DrawCell(state, picture, cell, colour);
-  DrawCell(state, picture, Mirror(cell, state.GridSize), colour);
+void DrawPair(State& state, Pos cell, Colour colour) {
+  DrawCell(state, cell, colour);
+  DrawCell(state, Mirror(cell, state.GridSize), colour);
 }
 
 }  // namespace
@@ -57,14 +57,14 @@ bool CanPlaceBlack(State& state, Pos cell) {
   return !boxes;
 }
 
-bool TryPlaceBlack(State& state, Picture& picture, Pos cell) {
+bool TryPlaceBlack(State& state, Pos cell) {
   if (!CanPlaceBlack(state, cell)) return false;
   SetPair(state, cell, kBlackSquare);
-  DrawPair(state, picture, cell, ColourBlackSquare);
+  DrawPair(state, cell, ColourBlackSquare);
   return true;
 }
 
-void RemoveBlackPair(State& state, Picture& picture, Pos cell) {
+void RemoveBlackPair(State& state, Pos cell) {
   SetPair(state, cell, kEmptyCell);
-  DrawPair(state, picture, cell, ColourBackground);
+  DrawPair(state, cell, ColourBackground);
 }

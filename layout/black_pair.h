@@ -11,7 +11,7 @@
 bool CanPlaceBlack(State& state, Pos cell);
 
 // Places the pair and draws it, if it may come there.
-[[nodiscard]] bool TryPlaceBlack(State& state, Picture& picture, Pos cell);
+[[nodiscard]] bool TryPlaceBlack(State& state, Pos cell);
 
 // Takes a pair back.
-void RemoveBlackPair(State& state, Picture& picture, Pos cell);
+void RemoveBlackPair(State& state, Pos cell);

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "grid/masks.h"
 #include "grid/slot_lengths.h"
 #include "grid/slots.h"
@@ -14,8 +15,8 @@ namespace {
 // One run of the check.
 class Check {
  public:
-  Check(State& state, Ports ports, bool quiet)
-      : state_(state), ports_(ports), quiet_(quiet) {}
+  Check(State& state, Host& host, bool quiet)
+      : state_(state), host_(host), quiet_(quiet) {}
 
   CheckStatus Run();
 
@@ -39,20 +40,20 @@ class Check {
   void EndStages() {
     state_.ProgBar.Value = 0;
     state_.ProgBar.Caption = "";
-    ports_.host.Pointer(PointerShape::Normal);
+    host_.Pointer(PointerShape::Normal);
   }
   // Counts a cell that was visited; false when Halt was pressed.
   bool VisitCell() {
     ++state_.ProgBar.Value;
-    ports_.host.Poll();
+    Poll(state_, host_);
     return !state_.haltRequested;
   }
   void TellUnlessQuiet(std::string_view text) {
-    if (!quiet_) ports_.host.Tell(text);
+    if (!quiet_) host_.Tell(text);
   }
 
   State& state_;
-  Ports ports_;
+  Host& host_;
   const bool quiet_;
   std::optional<ChainFinder> chains_;
   std::vector<CellGroup> groups_;  // black ones, then white ones
@@ -61,7 +62,7 @@ class Check {
 
 CheckStatus Check::Run() {
   if (state_.BlackSquareCount == 0) {
-    ports_.host.Tell("There are no black squares on this grid");
+    host_.Tell("There are no black squares on this grid");
     return kCheckOk;
   }
   Prepare();
@@ -70,25 +71,24 @@ CheckStatus Check::Run() {
     return kCheckOk;
   ListRing();
   if (!JudgeGroups()) return kCheckOk;
-  if (CheckSlotLengths(state_, ports_.picture) > 0) return ReportBadLengths();
+  if (CheckSlotLengths(state_) > 0) return ReportBadLengths();
   if (state_.List9.empty() && state_.List10.empty()) return ReportSound();
   return ReportGroups();
 }
 
 // Wipes letters and earlier paint, and the ring around the grid.
 void Check::Prepare() {
-  ports_.host.Pointer(PointerShape::Hourglass);
+  host_.Pointer(PointerShape::Hourglass);
   const int n = state_.GridSize;
   state_.ProgBar.Max = n * n;
   StartStage("Initialize all Chains");
   BuildMaskList(state_);
-  BuildSlotList(state_, ports_.host);
+  BuildSlotList(state_, host_);
   DisableFrames(state_);
   ForEachCell(n, [&](Pos p) {
     const bool black = state_.IsBlack(p);
     if (!black) state_.Grid[p] = kEmptyCell;
-    DrawCell(state_, ports_.picture, p,
-             black ? ColourBlackSquare : ColourBackground);
+    DrawCell(state_, p, black ? ColourBlackSquare : ColourBackground);
   });
   for (int i = 0; i <= n + 1; ++i)
     for (Pos p : {Pos{0, i}, Pos{n + 1, i}, Pos{i, 0}, Pos{i, n + 1}})
@@ -172,28 +172,27 @@ CheckStatus Check::ReportBadLengths() {
 CheckStatus Check::ReportSound() {
   const std::string lineBreak(kLineBreak);
   CheckStatus status = kCheckOk;
-  ports_.host.Pointer(PointerShape::Normal);
-  if (quiet_ || ports_.host.AskYesNo(
-                    "Checks completed, grid appears ok" + lineBreak +
-                    "Do you wish to check if a cell appears in both A and D "
-                    "clues?" +
-                    lineBreak + "(This is optional)")) {
+  host_.Pointer(PointerShape::Normal);
+  if (quiet_ ||
+      host_.AskYesNo("Checks completed, grid appears ok" + lineBreak +
+                     "Do you wish to check if a cell appears in both A and D "
+                     "clues?" +
+                     lineBreak + "(This is optional)")) {
     if (!FindUncrossed()) return kCheckOk;
-    ports_.host.Pointer(PointerShape::Normal);
+    host_.Pointer(PointerShape::Normal);
     const auto& uncrossed = state_.List5.Read<Pos>();
-    for (Pos p : uncrossed)
-      DrawCell(state_, ports_.picture, p, ColourUncrossed);
+    for (Pos p : uncrossed) DrawCell(state_, p, ColourUncrossed);
     if (!uncrossed.empty()) {
       status = kUncrossed;
       TellUnlessQuiet("Cyan cells do not appear in both A and D clues");
     } else {
       // Kept: also told in a quiet check.
-      ports_.host.Tell("Check ok");
+      host_.Tell("Check ok");
     }
   }
   EndStages();
-  BuildSlotList(state_, ports_.host);
-  RedrawAllCells(state_, ports_.picture);
+  BuildSlotList(state_, host_);
+  RedrawAllCells(state_);
   EnableFrames(state_);
   return status;
 }
@@ -201,7 +200,7 @@ CheckStatus Check::ReportSound() {
 // Lists the white cells that are missing from an Across or a Down slot;
 // false when halted.
 bool Check::FindUncrossed() {
-  ports_.host.Pointer(PointerShape::Hourglass);
+  host_.Pointer(PointerShape::Hourglass);
   StartStage("Verify Across/Down");
   const int n = state_.GridSize;
   std::vector<int> slotsThrough((n + 1) * (n + 1));
@@ -229,7 +228,7 @@ CheckStatus Check::ReportGroups() {
   state_.ProgBar.Max =
       static_cast<double>(state_.List9.size() + state_.List10.size());
   for (const CellGroup& group : state_.List9) {
-    const auto shade = [&] { return RandomUpTo(ports_.host, 255); };
+    const auto shade = [&] { return RandomUpTo(host_, 255); };
     Colour colour;
     colour.red = shade();
     colour.green = shade();
@@ -258,12 +257,12 @@ CheckStatus Check::ReportGroups() {
 
 void Check::PaintChain(const CellGroup& group, Colour colour) {
   for (CellKey key : group.cells)
-    DrawCell(state_, ports_.picture, chains_->CellOf(key), colour);
+    DrawCell(state_, chains_->CellOf(key), colour);
   ++state_.ProgBar.Value;
 }
 
 }  // namespace
 
-CheckStatus CheckGrid(State& state, Ports ports, bool quiet) {
-  return Check(state, ports, quiet).Run();
+CheckStatus CheckGrid(State& state, Host& host, bool quiet) {
+  return Check(state, host, quiet).Run();
 }

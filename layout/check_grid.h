@@ -18,4 +18,4 @@ enum CheckStatus {
 // are lost.  A quiet check asks nothing, does the optional step and tells
 // almost nothing.  Leaves the working lists List1, List5, List9 and List10
 // and an empty ring around the grid.
-CheckStatus CheckGrid(State& state, Ports ports, bool quiet);
+CheckStatus CheckGrid(State& state, Host& host, bool quiet);

@@ -17,10 +17,11 @@ struct Verdict {
 
 Verdict Check(Desk& desk, bool quiet = false) {
   Verdict verdict;
-  verdict.status = CheckGrid(desk.state, desk.ports(), quiet);
+  verdict.status = CheckGrid(desk.state, desk.host, quiet);
   const int n = desk.state.GridSize;
   verdict.paint.assign(n, std::string(n, '.'));
-  for (const auto& [cell, colour] : desk.picture.colours) {
+  ForEachCell(n, [&](Pos cell) {
+    const Colour colour = desk.state.paint[cell].fill;
     char& mark = verdict.paint[cell.row - 1][cell.col - 1];
     if (colour == ColourDivides)
       mark = 'R';
@@ -32,7 +33,7 @@ Verdict Check(Desk& desk, bool quiet = false) {
       mark = '#';
     else if (!(colour == ColourBackground))
       mark = 's';
-  }
+  });
   return verdict;
 }
 
@@ -42,7 +43,7 @@ using Grid = std::vector<std::string>;
 
 TEST(CheckGrid, NoBlackSquaresIsToldAlsoWhenQuiet) {
   Desk desk({"A....", ".....", ".....", ".....", "....."});
-  EXPECT_EQ(CheckGrid(desk.state, desk.ports(), true), kCheckOk);
+  EXPECT_EQ(CheckGrid(desk.state, desk.host, true), kCheckOk);
   EXPECT_EQ(desk.host.told.back(), "There are no black squares on this grid");
   EXPECT_EQ((desk.state.Grid[{1, 1}]), 'A') << "nothing is changed";
 }
@@ -138,7 +139,7 @@ TEST(CheckGrid, KeysAreAsWideAsTheGridNeeds) {
     Grid grid(size, std::string(size, '.'));
     for (std::string& row : grid) row[size / 2] = '#';
     Desk desk(grid);
-    const CheckStatus status = CheckGrid(desk.state, desk.ports(), true);
+    const CheckStatus status = CheckGrid(desk.state, desk.host, true);
     EXPECT_EQ(status, kBadLengths) << "columns are longer than words";
     EXPECT_EQ(desk.state.List10.front().cells.front().Text().size(),
               static_cast<std::size_t>(digits));
@@ -151,6 +152,6 @@ TEST(CheckGrid, HaltEndsItWithoutAMessage) {
   Desk desk({"...#...", "...#...", "...#...", "...#...", "...#...", "...#...",
              "...#..."});
   desk.host.haltAtPoll = 60;
-  EXPECT_EQ(CheckGrid(desk.state, desk.ports(), false), kCheckOk);
+  EXPECT_EQ(CheckGrid(desk.state, desk.host, false), kCheckOk);
   EXPECT_TRUE(desk.host.told.empty());
 }

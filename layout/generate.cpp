@@ -1,6 +1,7 @@
 #include "layout/generate.h"
 
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "grid/masks.h"
 #include "grid/new_grid.h"
 #include "grid/slots.h"
@@ -40,10 +41,10 @@ void BlackenMargin(State& state) {
         state.Grid[{row, col}] = kBlackSquare;
 }
 
-void StartLayout(State& state, Ports ports) {
+void StartLayout(State& state, Host& host) {
   state.Caption = "New Puzzle";
-  NewGrid(state, ports);
-  ports.host.Pointer(PointerShape::Hourglass);
+  NewGrid(state, host);
+  host.Pointer(PointerShape::Hourglass);
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "Setting Black Squares";
   DisableFrames(state);
@@ -54,7 +55,7 @@ void StartLayout(State& state, Ports ports) {
 
 // Sets the number of black squares wanted: that of Text2, or else the
 // default.
-void SetTarget(State& state, Ports ports, int defaultTarget, int percent) {
+void SetTarget(State& state, Host& host, int defaultTarget, int percent) {
   state.BlackTarget = ValToInt(state.Text2);
   if (state.BlackTarget == 0) {
     state.BlackTarget = defaultTarget;
@@ -63,9 +64,9 @@ void SetTarget(State& state, Ports ports, int defaultTarget, int percent) {
   }
   if (state.BlackTarget < 1) state.BlackTarget = 5;
   if (state.GridSize * state.GridSize >= 2 * state.BlackTarget) return;
-  ports.host.Pointer(PointerShape::Normal);
-  ports.host.Tell("Black squares will occupy more than 50% of the grid!");
-  ports.host.Pointer(PointerShape::Hourglass);
+  host.Pointer(PointerShape::Normal);
+  host.Tell("Black squares will occupy more than 50% of the grid!");
+  host.Pointer(PointerShape::Hourglass);
 }
 
 bool TargetReached(State& state) {
@@ -80,64 +81,64 @@ void CountPass(State& state) {
 
 // Tries a square in every second row and column from the first; whether the
 // target was reached.
-bool ScatterOverLines(State& state, Ports ports, int first) {
+bool ScatterOverLines(State& state, Host& host, int first) {
   const int n = state.GridSize;
   for (int i = first; i <= n; i += 2) {
     // A refusal is passed over.
-    (void)TryPlaceBlack(state, ports.picture, {i, RandomUpTo(ports.host, n)});
+    (void)TryPlaceBlack(state, {i, RandomUpTo(host, n)});
     if (TargetReached(state)) return true;
-    (void)TryPlaceBlack(state, ports.picture, {RandomUpTo(ports.host, n), i});
+    (void)TryPlaceBlack(state, {RandomUpTo(host, n), i});
     if (TargetReached(state)) return true;
     state.ProgBar.Value = i;
   }
-  ports.host.Poll();
+  Poll(state, host);
   return state.haltRequested;
 }
 
 // Looks for input after a pass; where no pass can place a square any more,
 // only Halt ends the task.
-void PollAfterPass(State& state, Ports ports, bool placed) {
+void PollAfterPass(State& state, Host& host, bool placed) {
   if (!placed && !CanSplitSlot(state))
-    ports.host.AwaitHalt("no further black square can be placed");
+    AwaitHalt(state, host, "no further black square can be placed");
   else
-    ports.host.Poll();
+    Poll(state, host);
 }
 
 // Splits slots until the target is reached.
-void SplitToTarget(State& state, Ports ports) {
+void SplitToTarget(State& state, Host& host) {
   state.ProgBar.Value = 0;
   state.ProgBar.Max = 100;
-  ports.host.Pointer(PointerShape::Hourglass);
+  host.Pointer(PointerShape::Hourglass);
   while (!state.haltRequested) {
     BuildMaskList(state);
     if (TargetReached(state)) return;
-    const bool placed = SplitLongestSlot(state, ports).has_value();
+    const bool placed = SplitLongestSlot(state, host).has_value();
     CountPass(state);
-    PollAfterPass(state, ports, placed);
+    PollAfterPass(state, host, placed);
   }
 }
 
-void FinishLayout(State& state, Ports ports) {
+void FinishLayout(State& state, Host& host) {
   CountBlackSquares(state);
-  BuildSlotList(state, ports.host);
-  RedrawAllCells(state, ports.picture);
+  BuildSlotList(state, host);
+  RedrawAllCells(state);
   EnableFrames(state);
   state.haltRequested = false;
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "";
-  DifficultyGauge(state, ports.host);
-  ports.host.Pointer(PointerShape::Normal);
-  ports.host.Tell(Str(state.BlackSquareCount) + " Squares and" + state.Label1 +
-                  " Clues");
+  DifficultyGauge(state, host);
+  host.Pointer(PointerShape::Normal);
+  host.Tell(Str(state.BlackSquareCount) + " Squares and" + state.Label1 +
+            " Clues");
 }
 
 // Places a square at every even row and column; false when halted.
-bool PlaceLattice(State& state, Ports ports) {
+bool PlaceLattice(State& state, Host& host) {
   for (int row = 2; row <= state.GridSize; row += 2) {
     for (int col = 2; col <= state.GridSize; col += 2) {
       // A mirror that is already there is passed over.
-      (void)TryPlaceBlack(state, ports.picture, {row, col});
-      ports.host.Poll();
+      (void)TryPlaceBlack(state, {row, col});
+      Poll(state, host);
       if (state.haltRequested) return false;
     }
   }
@@ -146,17 +147,17 @@ bool PlaceLattice(State& state, Ports ports) {
 
 // Splits once and takes the split back, for good, when it divides the grid
 // or shuts cells in.  Without a split there is nothing to check.
-void SplitSoundly(State& state, Ports ports) {
-  const auto cell = SplitLongestSlot(state, ports);
-  if (cell && CheckGrid(state, ports, true) > kUncrossed) {
+void SplitSoundly(State& state, Host& host) {
+  const auto cell = SplitLongestSlot(state, host);
+  if (cell && CheckGrid(state, host, true) > kUncrossed) {
     state.List3.As<Pos>().push_back(*cell);
-    RemoveBlackPair(state, ports.picture, *cell);
+    RemoveBlackPair(state, *cell);
   }
   // The check empties the ring around the grid and enables the frames.
   BlackenMargin(state);
   DisableFrames(state);
   CountPass(state);
-  PollAfterPass(state, ports, cell.has_value());
+  PollAfterPass(state, host, cell.has_value());
 }
 
 int LongestOpenSlot(const State& state) {
@@ -164,7 +165,7 @@ int LongestOpenSlot(const State& state) {
   return rows.empty() ? 0 : rows.back().slot.length;
 }
 
-void SplitToWordLengths(State& state, Ports ports) {
+void SplitToWordLengths(State& state, Host& host) {
   state.List3.Refill<Pos>();
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "Splitting to word lengths";
@@ -172,44 +173,44 @@ void SplitToWordLengths(State& state, Ports ports) {
   while (!state.haltRequested) {
     BuildMaskList(state);
     if (LongestOpenSlot(state) <= LongestWordLength) return;
-    SplitSoundly(state, ports);
+    SplitSoundly(state, host);
   }
 }
 
-void SplitSoundlyToTarget(State& state, Ports ports) {
+void SplitSoundlyToTarget(State& state, Host& host) {
   state.List3.Refill<Pos>();
   state.ProgBar.Value = 0;
   state.ProgBar.Caption = "Plce remaining black squares";
   while (!state.haltRequested) {
     BuildMaskList(state);
     if (TargetReached(state)) return;
-    SplitSoundly(state, ports);
+    SplitSoundly(state, host);
   }
 }
 
 }  // namespace
 
-void RandomBlackSquares(State& state, Ports ports) {
-  StartLayout(state, ports);
+void RandomBlackSquares(State& state, Host& host) {
+  StartLayout(state, host);
   const int n = state.GridSize;
   const int percent = DensityPercent(n);
-  SetTarget(state, ports, n * RoundedQuotient(n * percent, 100) - 1, percent);
+  SetTarget(state, host, n * RoundedQuotient(n * percent, 100) - 1, percent);
   state.ProgBar.Max = n / 2 + 1;
   const bool done =
-      ScatterOverLines(state, ports, 2) || ScatterOverLines(state, ports, 1);
-  if (!done) SplitToTarget(state, ports);
-  FinishLayout(state, ports);
+      ScatterOverLines(state, host, 2) || ScatterOverLines(state, host, 1);
+  if (!done) SplitToTarget(state, host);
+  FinishLayout(state, host);
 }
 
-void TwoByTwoLayout(State& state, Ports ports) {
+void TwoByTwoLayout(State& state, Host& host) {
   constexpr int kPercent = 30;
-  StartLayout(state, ports);
+  StartLayout(state, host);
   const int n = state.GridSize;
-  SetTarget(state, ports, n * n * kPercent / 100 - 1, kPercent);
-  if (PlaceLattice(state, ports) &&
-      ports.host.AskYesNo("2x2 Squares done, split remaining?")) {
-    SplitToWordLengths(state, ports);
-    SplitSoundlyToTarget(state, ports);
+  SetTarget(state, host, n * n * kPercent / 100 - 1, kPercent);
+  if (PlaceLattice(state, host) &&
+      host.AskYesNo("2x2 Squares done, split remaining?")) {
+    SplitToWordLengths(state, host);
+    SplitSoundlyToTarget(state, host);
   }
-  FinishLayout(state, ports);
+  FinishLayout(state, host);
 }

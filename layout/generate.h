@@ -10,7 +10,7 @@
 
 #include "grid/state.h"
 
-void RandomBlackSquares(State& state, Ports ports);
+void RandomBlackSquares(State& state, Host& host);
 
 // Asks whether to split when the lattice is done.
-void TwoByTwoLayout(State& state, Ports ports);
+void TwoByTwoLayout(State& state, Host& host);

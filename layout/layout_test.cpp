@@ -17,15 +17,15 @@ TEST(BlackPair, IsRefusedWhereItWouldSpoilTheGrid) {
   };
   EXPECT_FALSE(may(4, 4)) << "a letter is there";
   EXPECT_TRUE(may(1, 3)) << "the edge is no square unless the margin is";
-  ASSERT_TRUE(TryPlaceBlack(desk.state, desk.picture, {2, 2}));
+  ASSERT_TRUE(TryPlaceBlack(desk.state, {2, 2}));
   EXPECT_TRUE(desk.state.IsBlack({6, 6}));
-  EXPECT_EQ(desk.picture.CellsIn(ColourBlackSquare),
+  EXPECT_EQ(CellsIn(desk.state.paint, ColourBlackSquare),
             (std::vector<Pos>{{2, 2}, {6, 6}}));
   EXPECT_FALSE(may(2, 5)) << "two white cells would lie between";
   EXPECT_FALSE(may(5, 2));
   EXPECT_TRUE(may(2, 4));
   EXPECT_TRUE(may(2, 3));
-  RemoveBlackPair(desk.state, desk.picture, {2, 2});
+  RemoveBlackPair(desk.state, {2, 2});
   EXPECT_TRUE(may(2, 5));
 
   Desk boxed({".....", "..#..", ".#...", ".....", "....."});
@@ -35,7 +35,7 @@ TEST(BlackPair, IsRefusedWhereItWouldSpoilTheGrid) {
 
 TEST(BlackPair, TheCentreIsItsOwnMirror) {
   Desk desk({".....", ".....", ".....", ".....", "....."});
-  ASSERT_TRUE(TryPlaceBlack(desk.state, desk.picture, {3, 3}));
+  ASSERT_TRUE(TryPlaceBlack(desk.state, {3, 3}));
   CountBlackSquares(desk.state);
   EXPECT_EQ(desk.state.BlackSquareCount, 1);
 }
@@ -54,14 +54,14 @@ TEST(Split, TheLastOfTheLongestIsSplitFromItsMiddleOutward) {
   BuildMaskList(desk.state);
   EXPECT_TRUE(CanSplitSlot(desk.state));
   // The middle, (5, 4), would leave two white cells above it.
-  EXPECT_EQ(SplitLongestSlot(desk.state, desk.ports()), (Pos{5, 5}));
+  EXPECT_EQ(SplitLongestSlot(desk.state, desk.host), (Pos{5, 5}));
 }
 
 TEST(Split, ABlockedCellEndsTheSearchInItsSlot) {
   Desk desk(kTwoLongRows);
   BuildMaskList(desk.state);
   desk.state.List3.As<Pos>() = {{5, 4}};
-  SplitMaxLine(desk.state, desk.ports());
+  SplitMaxLine(desk.state, desk.host);
   EXPECT_EQ(desk.host.told.back(), "Split Line placed at 3 5");
   EXPECT_EQ(desk.state.Text2, " 20");
 }
@@ -70,7 +70,7 @@ TEST(Split, NothingToSplitIsTold) {
   Desk desk({"###", "#.#", "###"});
   BuildMaskList(desk.state);
   EXPECT_FALSE(CanSplitSlot(desk.state));
-  SplitMaxLine(desk.state, desk.ports());
+  SplitMaxLine(desk.state, desk.host);
   EXPECT_EQ(desk.host.told.back(), "Split Line placed at-1-1");
 }
 
@@ -100,9 +100,9 @@ RC_GTEST_PROP(Layouts, AreSymmetricSoundAndAtTheirTarget,
     desk.state.Text2 = std::to_string(*rc::gen::inRange(1, n * n / 2));
   if (lattice) {
     desk.host.script = {{"2x2 Squares done, split remaining?", "yes"}};
-    TwoByTwoLayout(desk.state, desk.ports());
+    TwoByTwoLayout(desk.state, desk.host);
   } else {
-    RandomBlackSquares(desk.state, desk.ports());
+    RandomBlackSquares(desk.state, desk.host);
   }
   AssertSymmetricAndOpen(desk.state);
   // Lattices have runs of one cell; runs of two never arise.
@@ -130,13 +130,13 @@ TEST(Layouts, TargetsFollowFromTheSize) {
     Desk desk;
     desk.state.Text3 = std::to_string(c.size);
     desk.host.haltAtPoll = 0;  // before the count replaces the share
-    RandomBlackSquares(desk.state, desk.ports());
+    RandomBlackSquares(desk.state, desk.host);
     EXPECT_EQ(desk.state.BlackTarget, c.target) << c.size;
   }
   Desk desk;
   desk.state.Text3 = "13";
   desk.host.script = {{"2x2 Squares done", "no"}};
-  TwoByTwoLayout(desk.state, desk.ports());
+  TwoByTwoLayout(desk.state, desk.host);
   EXPECT_EQ(desk.state.BlackTarget, 49);
   EXPECT_EQ(FindSlots(desk.state, 1).size(), 7u * 2 + 6u * 7 * 2);
   EXPECT_EQ(std::ranges::count(Rows(desk.state)[1], '#'), 6);
@@ -146,7 +146,7 @@ TEST(Layouts, ATargetAboveHalfTheGridIsWarnedOf) {
   Desk desk;
   desk.state.Text3 = "5";
   desk.state.Text2 = "13";
-  RandomBlackSquares(desk.state, desk.ports());
+  RandomBlackSquares(desk.state, desk.host);
   EXPECT_EQ(desk.host.told.front(),
             "Black squares will occupy more than 50% of the grid!");
   EXPECT_TRUE(desk.host.waitedForHalt);

@@ -31,16 +31,16 @@ bool EndsSearch(const State& state, Pos cell) {
          std::ranges::find(blocked, cell) != blocked.end();
 }
 
-std::optional<Pos> SplitSlot(State& state, Ports ports, const Slot& slot) {
+std::optional<Pos> SplitSlot(State& state, Host& host, const Slot& slot) {
   for (int m = 0; m < kMostTries; ++m) {
     // Kept: Down slots draw a new offset for every try, always after the
     // middle.
     const int offset = slot.direction == Direction::Across
                            ? OffsetTable(m)
-                           : RandomUpTo(ports.host, DownReach(slot));
+                           : RandomUpTo(host, DownReach(slot));
     const Pos cell = FromMiddle(slot, offset);
     if (EndsSearch(state, cell)) return std::nullopt;
-    if (TryPlaceBlack(state, ports.picture, cell)) return cell;
+    if (TryPlaceBlack(state, cell)) return cell;
   }
   return std::nullopt;
 }
@@ -63,10 +63,10 @@ bool CanSplit(State& state, const Slot& slot) {
 
 }  // namespace
 
-std::optional<Pos> SplitLongestSlot(State& state, Ports ports) {
+std::optional<Pos> SplitLongestSlot(State& state, Host& host) {
   const auto& rows = state.List2.Read<SlotRow>();
   for (auto row = rows.rbegin(); row != rows.rend(); ++row)
-    if (const auto cell = SplitSlot(state, ports, row->slot)) return cell;
+    if (const auto cell = SplitSlot(state, host, row->slot)) return cell;
   return std::nullopt;
 }
 
@@ -76,8 +76,8 @@ bool CanSplitSlot(State& state) {
       [&](const SlotRow& row) { return CanSplit(state, row.slot); });
 }
 
-void SplitMaxLine(State& state, Ports ports) {
-  const Pos cell = SplitLongestSlot(state, ports).value_or(Pos{-1, -1});
-  ports.host.Tell("Split Line placed at" + Str(cell.row) + Str(cell.col));
+void SplitMaxLine(State& state, Host& host) {
+  const Pos cell = SplitLongestSlot(state, host).value_or(Pos{-1, -1});
+  host.Tell("Split Line placed at" + Str(cell.row) + Str(cell.col));
   CountBlackSquares(state);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "grid/masks.h"
 #include "grid/new_grid.h"
 #include "grid/slot_lengths.h"
@@ -20,8 +21,8 @@ void KeepSolutionFrame(State& state) {
 
 }  // namespace
 
-Fill::Fill(State& state, const WordTable& words, Ports ports)
-    : state_(state), words_(words), ports_(ports) {}
+Fill::Fill(State& state, const WordTable& words, Host& host)
+    : state_(state), words_(words), host_(host) {}
 
 FillReport Fill::Solve(StartLocation start) {
   if (Prepare(start))
@@ -33,7 +34,7 @@ FillReport Fill::Solve(StartLocation start) {
 
 bool Fill::Prepare(StartLocation start) {
   if (state_.BlackSquareCount == 0) {
-    ports_.host.Tell("Place black sqaures first");
+    host_.Tell("Place black sqaures first");
     return false;
   }
   if (!LengthsFit()) return false;
@@ -53,7 +54,7 @@ bool Fill::Prepare(StartLocation start) {
 }
 
 bool Fill::LengthsFit() {
-  Host& host = ports_.host;
+  Host& host = host_;
   host.Pointer(PointerShape::Hourglass);
   auto& runs = state_.List2.Refill<SlotRow>();
   for (const Slot& slot : FindSlots(state_, 2)) runs.push_back({slot, {}});
@@ -61,8 +62,8 @@ bool Fill::LengthsFit() {
   state_.logEnabled = false;
   KeepSolutionFrame(state_);
   BuildSlotList(state_, host);
-  RedrawAllCells(state_, ports_.picture);
-  if (CheckSlotLengths(state_, ports_.picture) == 0) return true;
+  RedrawAllCells(state_);
+  if (CheckSlotLengths(state_) == 0) return true;
   host.Pointer(PointerShape::Normal);
   host.Tell("Words at cells highlighted are of length <3 OR >20" +
             std::string(kLineBreak) + "Fix this problem and restart");
@@ -72,16 +73,16 @@ bool Fill::LengthsFit() {
 // Empties the grid and takes the census.
 bool Fill::ClearForRun() {
   ClearLetters();
-  ports_.host.Pointer(PointerShape::Hourglass);
+  host_.Pointer(PointerShape::Hourglass);
   ShowSolutionProgress(state_);
-  const bool sound = TakeCensus(state_, words_, ports_.host);
-  ports_.host.Pointer(PointerShape::Normal);
+  const bool sound = TakeCensus(state_, words_, host_);
+  host_.Pointer(PointerShape::Normal);
   return sound;
 }
 
 // Empties the grid; the frames, which that enables, stay disabled.
 void Fill::ClearLetters() {
-  ClearWords(state_, ports_);
+  ClearWords(state_, host_);
   KeepSolutionFrame(state_);
 }
 
@@ -107,14 +108,14 @@ void Fill::StartAtRandom() {
   // Kept: the draw goes one entry beyond those that tie with the first.
   int count = 1;
   for (const CensusRow& row : census) count += row.key == result_;
-  const int drawn = count == 1 ? 1 : RandomUpTo(ports_.host, count);
+  const int drawn = count == 1 ? 1 : RandomUpTo(host_, count);
   const int last = static_cast<int>(census.size());
   const CensusRow& chosen = census[std::min(drawn, last) - 1];
   state_.List5.Refill<CountRow>().push_back({chosen.key, chosen.slot, {}});
 }
 
 bool Fill::StartWhereSpecified() {
-  const std::string answer = UpperCase(Trimmed(ports_.host.AskText(
+  const std::string answer = UpperCase(Trimmed(host_.AskText(
       "Enter clue number to start a solution" + std::string(kLineBreak) +
           "For example: 22A or 11D etc ",
       "Specify where to start a solution", "")));
@@ -127,7 +128,7 @@ bool Fill::StartWhereSpecified() {
     if (label == answer) start.assign(1, {row.key, row.slot, {}});
   }
   if (!start.empty()) return true;
-  ports_.host.Tell("No such clue: " + answer);
+  host_.Tell("No such clue: " + answer);
   return false;
 }
 
@@ -143,7 +144,7 @@ FillOutcome Fill::RunMainLoop() {
       ShowSolutionProgress(state_);
     }
     if (TriesAreUp()) return End(FillOutcome::Stopped);
-    ports_.host.Pointer(PointerShape::Hourglass);
+    host_.Pointer(PointerShape::Hourglass);
     CountRow failed;
     if (const auto outcome = FillUntilFailure(failed)) return End(*outcome);
     if (const auto outcome = BackOut(failed)) return End(*outcome);
@@ -154,11 +155,11 @@ FillOutcome Fill::RunMainLoop() {
 bool Fill::TriesAreUp() {
   if (triesLimit_ <= 0 || tries_ < triesLimit_) return false;
   const std::string lineBreak(kLineBreak);
-  ports_.host.Pointer(PointerShape::Normal);
-  const TriesAnswer answer = ports_.host.AskTries(
-      "Tried" + Str(tries_) + " times" + lineBreak + "Abort = stop solution" +
-      lineBreak + "Retry = continue" + lineBreak +
-      "Ignore = continue with unlimited tries");
+  host_.Pointer(PointerShape::Normal);
+  const TriesAnswer answer =
+      host_.AskTries("Tried" + Str(tries_) + " times" + lineBreak +
+                     "Abort = stop solution" + lineBreak + "Retry = continue" +
+                     lineBreak + "Ignore = continue with unlimited tries");
   result_ = static_cast<int>(answer);
   if (answer == TriesAnswer::Abort) return true;
   if (answer == TriesAnswer::Ignore) triesLimit_ = -1;
@@ -177,7 +178,7 @@ std::optional<FillOutcome> Fill::FillUntilFailure(CountRow& failed) {
     }
     failed = state_.List5.As<CountRow>().front();
     SolveSlot(failed.slot.first, failed.slot.direction);
-    ports_.host.Poll();
+    Poll(state_, host_);
     if (state_.haltRequested) return FillOutcome::Halted;
   } while (!state_.fillFailed);
   return std::nullopt;
@@ -213,7 +214,7 @@ std::optional<FillOutcome> Fill::BackOut(const CountRow& failed) {
     counts.insert(counts.begin(), {0, next.slot, *next.mask});
     std::ranges::sort(counts);
   }
-  LogLine(state_, ports_.host, [&] {
+  LogLine(state_, host_, [&] {
     return "backtrack worked, continue with:" + counts.front().Text();
   });
   return std::nullopt;
@@ -226,10 +227,10 @@ FillOutcome Fill::End(FillOutcome outcome) {
     state_.ProgBar.Value = 0;
   }
   EnableFrames(state_);
-  ports_.host.Pointer(PointerShape::Normal);
+  host_.Pointer(PointerShape::Normal);
   if (outcome == FillOutcome::Completed) {
     ShowSolutionProgress(state_);
-    ports_.host.Tell("Solution completed");
+    host_.Tell("Solution completed");
   }
   return outcome;
 }

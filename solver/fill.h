@@ -36,7 +36,7 @@ struct FillReport {
 
 class Fill {
  public:
-  Fill(State& state, const WordTable& words, Ports ports);
+  Fill(State& state, const WordTable& words, Host& host);
 
   FillReport Solve(StartLocation start);
 
@@ -76,7 +76,7 @@ class Fill {
 
   State& state_;
   const WordTable& words_;
-  Ports ports_;
+  Host& host_;
   std::optional<Matcher> matcher_;        // made when the checks have passed
   std::vector<std::vector<int>> around_;  // by slot: those around it
 

@@ -22,7 +22,7 @@ const std::vector<std::string> kRingWords = {"ABBEY", "ACORN", "NINNY",
                                              "YOUNG", "NORTH", "GIDDY"};
 
 FillOutcome RunFill(Desk& desk, const WordTable& words, StartLocation start) {
-  return Fill(desk.state, words, desk.ports()).Solve(start).outcome;
+  return Fill(desk.state, words, desk.host).Solve(start).outcome;
 }
 
 std::vector<std::string> Split(const std::string& text, char separator) {
@@ -54,7 +54,7 @@ TEST(Fill, LogsAreTheGoldenOnes) {
     Desk desk;
     WordTable words;
     ReadDictionary(desk.state, words, desk.host, folder / "words.txt");
-    ShowPuzzle(desk.state, desk.ports(), ReadPuzzle(folder / "puzzle.kdp"));
+    ShowPuzzle(desk.state, desk.host, ReadPuzzle(folder / "puzzle.kdp"));
     desk.host.log = true;
     desk.host.script.push_back({"Enter clue number", start});
     for (const std::string& answer : Split(answers, ','))
@@ -79,7 +79,7 @@ TEST(Fill, RefusesWhatCannotBeFilled) {
   EXPECT_EQ(two.host.told.back(),
             "Words at cells highlighted are of length <3 OR >20\r\nFix this "
             "problem and restart");
-  EXPECT_EQ(two.picture.CellsIn(ColourBadLength).size(), 8u);
+  EXPECT_EQ(CellsIn(two.state.paint, ColourBadLength).size(), 8u);
   EXPECT_EQ(two.host.pointer, PointerShape::Normal);
   EXPECT_TRUE(two.state.frames.GridFrame);
 
@@ -129,7 +129,7 @@ TEST(Fill, GoesOnAfterHalt) {
   ReadDictionary(desk.state, words, desk.host, BuiltPath("L1Ascii.txt"));
   desk.state.Text3 = "11";
   desk.host.script = {{"2x2 Squares done", "yes"}};
-  TwoByTwoLayout(desk.state, desk.ports());
+  TwoByTwoLayout(desk.state, desk.host);
   desk.host.haltAtPoll = desk.host.polls + 100;
   ASSERT_EQ(RunFill(desk, words, StartLocation::Random), FillOutcome::Halted);
   EXPECT_FALSE(desk.state.haltRequested);
@@ -157,21 +157,20 @@ TEST(Fill, GoesOnAfterHalt) {
 // takes input.
 TEST(Fill, KeepsItsFrameAloneEnabled) {
   struct Watching : FakeHost {
-    using FakeHost::FakeHost;
     const State* watched = nullptr;
-    void Poll() override {
-      FakeHost::Poll();
+    Events Poll() override {
       EXPECT_TRUE(watched->frames.SolutionFrame);
       EXPECT_FALSE(watched->frames.GridFrame);
       EXPECT_FALSE(watched->frames.Picture1);
+      return FakeHost::Poll();
     }
   };
   const WordTable words = Dictionary({"AAAAA", "BBBBB"});
   Desk desk(kRing);
-  Watching host(desk.state);
+  Watching host;
   host.watched = &desk.state;
   host.script = {{"Tried 20 times", "abort"}};
-  Fill(desk.state, words, {host, desk.picture}).Solve(StartLocation::Random);
+  Fill(desk.state, words, host).Solve(StartLocation::Random);
   EXPECT_GT(host.polls, 10);
   EXPECT_TRUE(desk.state.frames.GridFrame);
 }
@@ -194,10 +193,9 @@ TEST(Fill, TriesAsManyCandidatesAsEver) {
   QuietDesk desk;
   WordTable words;
   ReadDictionary(desk.state, words, desk.host, BuiltPath("L2Ascii.txt"));
-  ShowPuzzle(desk.state, desk.ports(),
-             ReadPuzzle(SourcePath("data/sample.kdp")));
+  ShowPuzzle(desk.state, desk.host, ReadPuzzle(SourcePath("data/sample.kdp")));
   const FillReport report =
-      Fill(desk.state, words, desk.ports()).Solve(StartLocation::Random);
+      Fill(desk.state, words, desk.host).Solve(StartLocation::Random);
   EXPECT_EQ(report.slotsSolved, 34);
   EXPECT_EQ(report.candidatesTried, 16444);
   EXPECT_EQ(GridText(desk.state).substr(0, 15), "WALKIES#CUSPIDS");

@@ -19,11 +19,10 @@ void ShowSolutionProgress(State& state) {
   state.WordProg.Value = lettered;
 }
 
-void MarkSlotCells(const State& state, Picture& picture, Pos first,
-                   Direction direction) {
+void MarkSlotCells(State& state, Pos first, Direction direction) {
   const Slot* slot = state.SlotCells.At(first, direction);
   for (int k = 1; slot && k <= slot->length; ++k)
-    DrawCell(state, picture, slot->CellAt(k), ColourGreen);
+    DrawCell(state, slot->CellAt(k), ColourGreen);
 }
 
 std::vector<int> SlotsAround(const SlotTable& slots, int i) {

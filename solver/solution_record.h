@@ -6,14 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "grid/state.h"
+#include "grid/events.h"
 
 // Logs the text that `makeText` makes, when the log is on, and shows it.
 template <class MakeText>
 void LogLine(State& state, Host& host, MakeText makeText) {
   if (!state.logEnabled) return;
-  state.List8.push_back(makeText());
-  host.ShowLogLine(state.List8.back());
+  ShowLogLine(state, host, makeText());
 }
 
 // A cell as log lines name it: " 3 5".
@@ -26,8 +25,7 @@ inline std::string RowAndColumn(Pos p) {
 void ShowSolutionProgress(State& state);
 
 // Highlights the slot that starts at a cell.
-void MarkSlotCells(const State& state, Picture& picture, Pos first,
-                   Direction direction);
+void MarkSlotCells(State& state, Pos first, Direction direction);
 
 // The slots that start at a cell of a slot that crosses the i-th of the slot
 // table, less itself: places in the table, ascending.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "grid/masks.h"
 #include "solver/fill.h"
 #include "solver/solution_record.h"
@@ -27,10 +28,10 @@ void Fill::SolveSlot(Pos first, Direction direction) {
       (state_.redoMode ? "Redo " : "Solve ") +
       std::to_string(state_.CellNumbers[first.row][first.col]) +
       static_cast<char>(direction) + ":" + Str(n) + " options";
-  MarkSlotCells(state_, ports_.picture, first, direction);
+  MarkSlotCells(state_, first, direction);
   const std::optional<int> best = BestCandidate(first, direction);
   if (state_.haltRequested) {
-    ports_.host.Pointer(PointerShape::Normal);
+    host_.Pointer(PointerShape::Normal);
     return;
   }
   if (best)
@@ -50,20 +51,20 @@ std::optional<int> Fill::BestCandidate(Pos first, Direction direction) {
   const auto& candidates = state_.List4.Read<Candidate>();
   const int n = static_cast<int>(candidates.size());
   for (int j = 0; j < n; ++j) {
-    ports_.host.Poll();
+    Poll(state_, host_);
     if (state_.haltRequested) return std::nullopt;
     const std::string_view word = candidates[j].word.View();
     state_.ProgBar.Value = n - j;
     ++report_.candidatesTried;
     if (state_.redoMode) {
-      LogLine(state_, ports_.host, [&] {
+      LogLine(state_, host_, [&] {
         return "Solve" + RowAndColumn(first) + ", try> " + std::string(word);
       });
     }
     WriteSlot(state_, first, direction, word);
     const int failedSlot = CountAround(first, direction);
     if (failedSlot != kAllMasksFillable) {
-      LogLine(state_, ports_.host, [&] {
+      LogLine(state_, host_, [&] {
         return "Tried:" + std::string(word) +
                ", mask failed:" + Str(failedSlot);
       });
@@ -93,31 +94,31 @@ void Fill::Place(const Candidate& best, const Mask& mask, Pos first,
                  Direction direction) {
   const std::string_view word = best.word.View();
   WriteSlot(state_, first, direction, word);
-  DrawSlot(state_, ports_.picture, first, direction, word);
+  DrawSlot(state_, first, direction, word);
   state_.fillFailed = false;
   ++report_.slotsSolved;
   matcher_->UseWord(best.word, false);
   if (!state_.redoMode)
     state_.List6.push_back({best.word, mask, first, direction});
   CountAround(first, direction);
-  ClearHighlights(state_, ports_.picture);
-  LogLine(state_, ports_.host, [&] {
+  ClearHighlights(state_);
+  LogLine(state_, host_, [&] {
     return "found:" + RowAndColumn(first) + " " + std::string(word);
   });
   state_.ProgBar.Value = 0;
   state_.ProgBar.Caption = "";
   state_.redoMode = false;
   state_.haltRequested = false;
-  ports_.host.RunEvents();
+  RunEvents(state_, host_);
 }
 
 void Fill::GiveUp(const Mask& mask, Pos first, Direction direction) {
   const std::string cells = CellsOfMask(mask);
   WriteSlot(state_, first, direction, cells);
-  DrawSlot(state_, ports_.picture, first, direction, cells);
+  DrawSlot(state_, first, direction, cells);
   state_.fillFailed = true;
-  ClearHighlights(state_, ports_.picture);
+  ClearHighlights(state_);
   state_.ProgBar.Value = 0;
   state_.haltRequested = false;
-  ports_.host.RunEvents();
+  RunEvents(state_, host_);
 }

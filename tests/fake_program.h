@@ -8,11 +8,8 @@
 struct Program {
   App app;
   FakeHost host;
-  FakePicture picture;
 
-  Program()
-      : app{.state = {}, .words = {}, .host = host, .picture = picture},
-        host(app.state) {}
+  Program() : app{.state = {}, .words = {}, .host = host} {}
 
   bool Press(std::string_view control) {
     return RunCommand(app, CommandOf(control));

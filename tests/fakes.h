@@ -1,5 +1,5 @@
-// Fakes for tests: a host with scripted answers, a picture that remembers,
-// and grids and dictionaries from text.
+// Fakes for tests: a host with scripted answers, and grids and dictionaries
+// from text.
 
 #pragma once
 
@@ -27,8 +27,6 @@ struct ProgramEnded {
 // question that is not the next one of it.  Presses Halt at a given poll.
 class FakeHost : public Host {
  public:
-  explicit FakeHost(State& state) : state_(state) {}
-
   std::vector<std::string> told;  // the texts of message boxes
   struct Answer {
     std::string question;  // how it begins
@@ -58,16 +56,15 @@ class FakeHost : public Host {
   std::string AskFileName(const FileRequest& request) override {
     return Next(request.Title);
   }
-  void ShowLogLine(std::string_view line) override {
+  Events ShowLogLine(std::string_view line) override {
     logLines.emplace_back(line);
+    return {};
   }
-  void Poll() override {
-    if (polls++ == haltAtPoll) state_.haltRequested = true;
-  }
-  void RunEvents() override { state_.logEnabled = log; }
-  void AwaitHalt(std::string_view) override {
+  Events Poll() override { return {.halt = polls++ == haltAtPoll}; }
+  Events RunEvents() override { return {.log = log}; }
+  Events AwaitHalt(std::string_view) override {
     waitedForHalt = true;
-    state_.haltRequested = true;
+    return {.halt = true};
   }
   void Pointer(PointerShape shape) override { pointer = shape; }
   double Chance() override { return random() / 4294967296.0; }
@@ -85,39 +82,27 @@ class FakeHost : public Host {
     script.pop_front();
     return answer;
   }
-
-  State& state_;
 };
 
-// Remembers the colour of every cell and the text printed there.
-class FakePicture : public Picture {
- public:
-  std::map<Pos, Colour> colours;
-  std::map<Pos, std::string> texts;  // number and letter: "12A"
+// The cells that are filled with a colour.
+inline std::vector<Pos> CellsIn(const Paint& paint, Colour colour) {
+  std::vector<Pos> cells;
+  ForEachCell(MaxGridSize, [&](Pos p) {
+    if (paint[p].fill == colour) cells.push_back(p);
+  });
+  return cells;
+}
 
-  void Clear() override {
-    colours.clear();
-    texts.clear();
-  }
-  void GridLines(int) override {}
-  void FillCell(Pos cell, Colour colour) override { colours[cell] = colour; }
-  void CellText(Pos cell, int number, char letter) override {
-    texts[cell] = (number ? std::to_string(number) : "") + letter;
-  }
+// A cell's number and letter as they are painted: "12A".
+inline std::string TextsOf(const Paint& paint, Pos cell) {
+  const int number = paint[cell].number;
+  return (number ? std::to_string(number) : "") + paint[cell].text;
+}
 
-  std::vector<Pos> CellsIn(Colour colour) const {
-    std::vector<Pos> cells;
-    for (const auto& [cell, painted] : colours)
-      if (painted == colour) cells.push_back(cell);
-    return cells;
-  }
-};
-
-// A state with its host and picture.
+// A state with its host.
 struct Desk {
   State state;
-  FakeHost host{state};
-  FakePicture picture;
+  FakeHost host;
 
   Desk() = default;
   // A grid as in a puzzle file: "#" black, "." empty.
@@ -133,7 +118,6 @@ struct Desk {
     CountBlackSquares(state);
     BuildSlotList(state, host);
   }
-  Ports ports() { return {host, picture}; }
 };
 
 // The grid as in a puzzle file.

@@ -32,6 +32,10 @@ class TextCanvas : public Canvas {
     Line("fill", box);
     Keep();
   }
+  void Circle(const Box& box, Colour, int width) override {
+    Line("circle", box) << " line " << width;
+    Keep();
+  }
   void Text(int x, int y, std::string_view text,
             const TextStyle& style) override {
     line_ << "text " << x << "," << y << " " << style.points
@@ -135,7 +139,8 @@ class FakePublisher : public Publisher {
     return "PDF " + std::string(title);
   }
   std::optional<PictureChoice> AskPicture(int) override { return choice; }
-  std::string PictureFile(const State&, const PictureChoice& wanted) override {
+  std::string PictureFile(const Paint&, std::string_view,
+                          const PictureChoice& wanted) override {
     return "picture " + std::to_string(wanted.scale);
   }
   bool Preview(const DrawPages& draw) override {

@@ -21,8 +21,7 @@
 
 class WindowDesk {
  public:
-  WindowDesk() : app{{}, {}, host, picture} {
-    host.state = &app.state;
+  WindowDesk() : app{{}, {}, host} {
     host.Seed(7);
     window = std::make_unique<MainWindow>(
         app, host, picture,
@@ -68,8 +67,8 @@ class WindowDesk {
 
   QTemporaryDir folder_;
   WindowHost host;
-  QtPicture picture;
   App app;
+  QtPicture picture{app.state.paint};
   std::unique_ptr<MainWindow> window;
   // What the next boxes are answered with: a button's text or, for input
   // boxes, "=text"; "" cancels.  An empty list presses the default button.

@@ -1,4 +1,4 @@
-// A host and a picture for runs that nobody watches, shared by the fuzz
+// A host for runs that nobody watches, shared by the fuzz
 // targets and the benchmarks.
 
 #pragma once
@@ -21,10 +21,12 @@ class QuietHost : public Host {
     return "";
   }
   std::string AskFileName(const FileRequest&) override { return ""; }
-  void ShowLogLine(std::string_view) override {}
-  void Poll() override {}
-  void RunEvents() override {}
-  void AwaitHalt(std::string_view why) override { EndProgram(why); }
+  Events ShowLogLine(std::string_view) override { return {}; }
+  Events Poll() override { return {}; }
+  Events RunEvents() override { return {}; }
+  Events AwaitHalt(std::string_view why) override {
+    throw FileError(std::string(why));
+  }
   void Pointer(PointerShape) override {}
   double Chance() override { return random() / 4294967296.0; }
   [[noreturn]] void EndProgram(std::string_view why) override {
@@ -32,18 +34,7 @@ class QuietHost : public Host {
   }
 };
 
-class NoPicture : public Picture {
- public:
-  void Clear() override {}
-  void GridLines(int) override {}
-  void FillCell(Pos, Colour) override {}
-  void CellText(Pos, int, char) override {}
-};
-
 struct QuietDesk {
   State state;
   QuietHost host;
-  NoPicture picture;
-
-  Ports ports() { return {host, picture}; }
 };

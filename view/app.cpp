@@ -7,7 +7,7 @@ void StartUp(App& app) {
   State& state = app.state;
   state.GridSize = ValToInt(state.Text3);
   state.frames.SolutionFrame = false;
-  DrawGridLines(state, app.picture);
+  DrawGridLines(state);
   state.PuzzleFileName = "";
   ReadDefaultDictionary(state, app.words, app.host);
 }

@@ -23,12 +23,9 @@ struct App {
   State state;
   WordTable words;
   Host& host;
-  Picture& picture;
   bool taskRuns = false;    // a command has started and not ended
   std::string savedText{};  // the puzzle as last loaded, saved or begun
   Outlets outlets{};
-
-  Ports ports() { return {host, picture}; }
 };
 
 // The program's start: constants, the size of the view, the lines of an empty

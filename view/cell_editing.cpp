@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "grid/masks.h"
 #include "grid/new_grid.h"
 #include "grid/slots.h"
@@ -24,8 +25,7 @@ void ToggleBlackPair(App& app, Pos cell) {
   const Pos pair[] = {cell, Mirror(cell, state.GridSize)};
   for (Pos p : pair) state.Grid[p] = black ? kBlackSquare : kEmptyCell;
   for (Pos p : pair) {
-    DrawCell(state, app.picture, p,
-             black ? ColourBlackSquare : ColourBackground);
+    DrawCell(state, p, black ? ColourBlackSquare : ColourBackground);
   }
   CountBlackSquares(state);
   BuildMaskList(state);
@@ -54,8 +54,8 @@ void ReplaceWord(App& app, Pos cell, Direction direction) {
   } while (!Fits(answer, current));
   WriteSlot(state, cell, direction, UpperCase(answer));
   for (int k = 1; k <= slot->length; ++k)
-    DrawCell(state, app.picture, slot->CellAt(k), ColourBackground);
-  app.host.RunEvents();
+    DrawCell(state, slot->CellAt(k), ColourBackground);
+  RunEvents(state, app.host);
 }
 
 }  // namespace
@@ -91,5 +91,5 @@ void FillCurrentCell(App& app) {
   const std::string text = UpperCase(app.state.Text1);
   const char letter = text.empty() ? kNoCell : text.front();
   app.state.Grid[{0, 0}] = letter;
-  DrawCellText(app.state, app.picture, {0, 0}, letter);
+  DrawCellText(app.state, {0, 0}, letter);
 }

@@ -15,7 +15,7 @@ namespace {
 struct SmallProgram : Program {
   SmallProgram() {
     app.state.Text3 = "5";
-    NewGrid(app.state, app.ports());
+    NewGrid(app.state, app.host);
     BuildSlotList(app.state, host);
   }
 };

@@ -24,12 +24,12 @@
 namespace {
 
 void Draw(App& app) {
-  NewGrid(app.state, app.ports());
+  NewGrid(app.state, app.host);
 }
 
 void Clear(App& app) {
-  app.picture.Clear();
-  ClearWords(app.state, app.ports());
+  app.state.paint.Clear();
+  ClearWords(app.state, app.host);
 }
 
 template <int option>
@@ -44,7 +44,7 @@ void TellFoundWord(App& app) {
 void Check(App& app) {
   State& state = app.state;
   state.haltRequested = false;
-  CheckGrid(state, app.ports(), false);
+  CheckGrid(state, app.host, false);
   if (state.haltRequested) {
     state.haltRequested = false;
     state.ProgBar.Value = 0;
@@ -57,7 +57,7 @@ void Check(App& app) {
 
 template <StartLocation start>
 void Solve(App& app) {
-  Fill(app.state, app.words, app.ports()).Solve(start);
+  Fill(app.state, app.words, app.host).Solve(start);
 }
 
 void Halt(App& app) {
@@ -102,9 +102,9 @@ void Open(App& app) {
   app.host.Open(window);
 }
 
-template <bool (*saveOrLoad)(State&, Ports)>
+template <bool (*saveOrLoad)(State&, Host&)>
 void SaveOrLoad(App& app) {
-  if (saveOrLoad(app.state, app.ports())) NoteSaved(app);
+  if (saveOrLoad(app.state, app.host)) NoteSaved(app);
 }
 
 void Load(App& app) {
@@ -136,9 +136,9 @@ constexpr Command kCommands[] = {
     {"Command1", "Insert", "Insert black squares in grid", kIdle,
      Open<Window::BlacksMenu>},
     {"blackrand", "Random", "", kIdle,
-     [](App& app) { RandomBlackSquares(app.state, app.ports()); }},
+     [](App& app) { RandomBlackSquares(app.state, app.host); }},
     {"black2x2", "2x2 Pattern", "", kIdle,
-     [](App& app) { TwoByTwoLayout(app.state, app.ports()); }},
+     [](App& app) { TwoByTwoLayout(app.state, app.host); }},
     {"cancel1", "Cancel", "", kIdle, DoNothing},
     {"Command19", "Check", "Check the validity of black square placements",
      kIdle, Check},
@@ -171,7 +171,7 @@ constexpr Command kCommands[] = {
     {"Command3", "CheckAllMasks", "", kIdle,
      [](App& app) { CheckAllMasks(app.state, app.words, app.host); }},
     {"Command15", "SplitMaxLine", "", kIdle,
-     [](App& app) { SplitMaxLine(app.state, app.ports()); }},
+     [](App& app) { SplitMaxLine(app.state, app.host); }},
     {"Command23", "FindCriticality",
      "List how hard each slot is to fill, hardest first", kIdle,
      [](App& app) { (void)TakeCensus(app.state, app.words, app.host); }},

@@ -42,18 +42,16 @@ TEST(Commands, LevelsAreReadOnEveryPress) {
 TEST(Commands, ATaskIsNotEnteredAgainButMayBeHalted) {
   // A user who presses Check and Halt as soon as a task lets events run.
   struct Impatient : FakeHost {
-    using FakeHost::FakeHost;
     App* app = nullptr;
     bool checkRan = false;
-    void Poll() override {
+    Events Poll() override {
       checkRan = checkRan || RunCommand(*app, CommandOf("Command19"));
       RunCommand(*app, CommandOf("Command8"));
+      return {};
     }
   };
-  State unused;
-  Impatient host(unused);
-  FakePicture picture;
-  App app{.state = {}, .words = {}, .host = host, .picture = picture};
+  Impatient host;
+  App app{.state = {}, .words = {}, .host = host};
   host.app = &app;
   RunCommand(app, CommandOf("blackrand"));
   EXPECT_FALSE(host.checkRan);

@@ -17,15 +17,15 @@ namespace {
 // A small puzzle on a real picture, with a highlighted cell.
 struct Drawn {
   Drawn() {
-    DrawGridLines(desk.state, picture);
-    RedrawAllCells(desk.state, picture);
-    DrawCell(desk.state, picture, {2, 2}, ColourBlackSquare);
-    DrawCell(desk.state, picture, {1, 1}, ColourGreen);
+    DrawGridLines(desk.state);
+    RedrawAllCells(desk.state);
+    DrawCell(desk.state, {2, 2}, ColourBlackSquare);
+    DrawCell(desk.state, {1, 1}, ColourGreen);
     picture.Update();
   }
 
   Desk desk{{"ABC", "D#E", "FGH"}};
-  QtPicture picture;
+  QtPicture picture{desk.state.paint};
 };
 
 int Number(const std::string& bytes, std::size_t at, int size) {

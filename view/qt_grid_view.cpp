@@ -46,7 +46,7 @@ QRect GridView::BoxOf(Pos cell) const {
 }
 
 int GridView::Cells() const {
-  return std::min(picture_.Cells(), state_.GridSize);
+  return std::min(state_.paint.width, state_.GridSize);
 }
 
 Pos GridView::Cursor() const {
@@ -55,12 +55,12 @@ Pos GridView::Cursor() const {
 }
 
 QString GridView::Describe(Pos cell) const {
-  const CellPaint& paint = picture_.At(cell);
+  const CellPaint& paint = state_.paint[cell];
   QString text = tr("row %1, column %2: ").arg(cell.row).arg(cell.col);
   if (state_.IsBlack(cell))
     text += tr("block");
-  else if (paint.letter > ' ')
-    text += QLatin1Char(paint.letter);
+  else if (!paint.text.empty())
+    text += QString::fromStdString(paint.text);
   else
     text += tr("empty");
   if (paint.number > 0) text += tr(", number %1").arg(paint.number);

@@ -35,7 +35,7 @@ void MainWindow::Start(const std::string& file) {
   Act(MayRun::WhenIdle, [&] {
     StartUp(app_);
     NoteSaved(app_);
-    if (!file.empty() && OpenPuzzle(app_.state, app_.ports(), file))
+    if (!file.empty() && OpenPuzzle(app_.state, app_.host, file))
       NoteSaved(app_);
   });
   auto* timer = new QTimer(this);
@@ -117,9 +117,7 @@ void MainWindow::Open(Window what) {
       if (!form2_) {
         form2_ = new OverviewForm(
             [this](int side, double scale) -> const QImage& {
-              picture_.SetOverview(side, scale);
-              picture_.UpdateOverview();
-              return picture_.OverviewPicture();
+              return picture_.Overview(side, scale);
             },
             this);
       }
@@ -217,7 +215,7 @@ void MainWindow::OfferRecovery() {
     bool shown = false;
     Act(MayRun::WhenIdle, [&] {
       if (!MayLeavePuzzle(app_)) return;
-      ShowPuzzle(app_.state, app_.ports(), copy.puzzle);
+      ShowPuzzle(app_.state, app_.host, copy.puzzle);
       app_.state.PuzzleFileName = copy.puzzlePath;
       app_.state.Caption =
           copy.puzzlePath.empty() ? "" : "Puzzle File: " + copy.puzzlePath;

@@ -9,6 +9,7 @@
 #include "files/puzzle_file.h"
 #include "grid/choose_dictionary.h"
 #include "grid/drawing.h"
+#include "grid/events.h"
 #include "tests/qt_window_desk.h"
 
 namespace {
@@ -90,7 +91,7 @@ TEST(MainWindow, SizeBoxMakesSizesOddAndDrawKeepsThemInRange) {
   EXPECT_EQ(desk.app.state.GridSize, 12);
   desk.Press("Command2");
   EXPECT_EQ(desk.Find<QLineEdit>("Text3")->text(), "13");
-  EXPECT_EQ(desk.picture.Cells(), 13);
+  EXPECT_EQ(desk.app.state.paint.width, 13);
   desk.Type("Text3", "53");
   desk.Press("Command2");
   EXPECT_EQ(desk.Find<QLineEdit>("Text3")->text(), "13");
@@ -165,7 +166,7 @@ TEST(MainWindow, NumbersDoNotShineThroughBlackCells) {
   WindowDesk desk;
   DrawSmall(desk);
   desk.Press("Command22");  // numbers the slots
-  ASSERT_EQ(desk.picture.At({1, 1}).number, 1);
+  ASSERT_EQ((desk.app.state.paint[{1, 1}].number), 1);
   desk.ClickCell(1, 1, Qt::ShiftModifier);
   const QImage shown = desk.Find<QWidget>("Picture1")->grab().toImage();
   for (int y = 3; y < 29; ++y)
@@ -186,7 +187,7 @@ TEST(MainWindow, WordsAreShownAndReplaced) {
   desk.ClickCell(1, 1, Qt::ControlModifier);
   EXPECT_EQ(desk.boxes, (std::vector<std::string>(3, "Enter Word 1A")));
   EXPECT_EQ((desk.app.state.Grid[{1, 1}]), 'M');
-  EXPECT_EQ(desk.picture.At({1, 1}).letter, 'M');
+  EXPECT_EQ((desk.app.state.paint[{1, 1}].text), "M");
 }
 
 TEST(MainWindow, GridCanBeEditedByKeyboard) {
@@ -275,7 +276,7 @@ TEST(MainWindow, ScreenReadersFindTheCellsOfTheGrid) {
   EXPECT_EQ(Told(grid, 3, 3), "row 3, column 3: block");
   EXPECT_EQ(Told(grid, 1, 2), "row 1, column 2: empty, number 2");
   desk.app.state.Grid[{1, 2}] = 'Q';
-  RedrawAllCells(desk.app.state, desk.picture);
+  RedrawAllCells(desk.app.state);
   EXPECT_EQ(Told(grid, 1, 2), "row 1, column 2: Q, number 2");
   const QAccessibleInterface* block = told->child(12);
   EXPECT_EQ(told->indexOfChild(block), 12);
@@ -303,7 +304,8 @@ TEST(MainWindow, ClosingStopsTheTaskFirst) {
   desk.ClickCell(1, 2, Qt::ShiftModifier);
   RunAction(desk.app, MayRun::WhenIdle, [&] {
     QTimer::singleShot(20, desk.window.get(), &QWidget::close);
-    while (!desk.app.state.haltRequested) desk.host.AwaitHalt("waiting");
+    while (!desk.app.state.haltRequested)
+      AwaitHalt(desk.app.state, desk.host, "waiting");
     closedWhileRunning = !desk.window->isVisible();
   });
   EXPECT_FALSE(closedWhileRunning);

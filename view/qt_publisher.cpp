@@ -15,9 +15,9 @@ std::optional<PictureChoice> QtPublisher::AskPicture(int gridSize) {
   return dialog.Choice();
 }
 
-std::string QtPublisher::PictureFile(const State& state,
+std::string QtPublisher::PictureFile(const Paint& paint, std::string_view title,
                                      const PictureChoice& choice) {
-  return ::PictureFile(state, choice);
+  return ::PictureFile(paint, title, choice);
 }
 
 bool QtPublisher::Preview(const DrawPages& draw) {

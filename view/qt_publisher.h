@@ -13,7 +13,7 @@ class QtPublisher : public Publisher {
 
   std::string Pdf(std::string_view title, const DrawPages& draw) override;
   std::optional<PictureChoice> AskPicture(int gridSize) override;
-  std::string PictureFile(const State& state,
+  std::string PictureFile(const Paint& paint, std::string_view title,
                           const PictureChoice& choice) override;
   bool Preview(const DrawPages& draw) override;
 

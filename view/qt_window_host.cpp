@@ -96,7 +96,7 @@ std::string WindowHost::AskFileName(const FileRequest& request) {
   return gf1->GetFileName(save ? "SAVE" : "OPEN").toStdString();
 }
 
-void WindowHost::ShowLogLine(std::string_view line) {
+Events WindowHost::ShowLogLine(std::string_view line) {
   showState();
   QMessageBox box(window);
   box.setObjectName("LogLine");
@@ -108,24 +108,23 @@ void WindowHost::ShowLogLine(std::string_view line) {
   box.setDefaultButton(next);
   box.setEscapeButton(next);
   box.exec();
-  if (box.clickedButton() == halt) state->haltRequested = true;
   sincePoll_.restart();
+  return {.halt = box.clickedButton() == halt};
 }
 
-void WindowHost::Poll() {
-  if (sincePoll_.isValid() && sincePoll_.elapsed() < kPollInterval) return;
+// Halt is a command, which runs among the events.
+Events WindowHost::Poll() {
+  if (sincePoll_.isValid() && sincePoll_.elapsed() < kPollInterval) return {};
   showState();
   QApplication::processEvents();
   sincePoll_.start();
+  return {};
 }
 
-void WindowHost::AwaitHalt(std::string_view why) {
-  const std::string caption = state->ProgBar.Caption;
-  state->ProgBar.Caption = std::string(why) + ": press Halt";
+Events WindowHost::AwaitHalt(std::string_view) {
   showState();
-  if (!state->haltRequested)
-    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  state->ProgBar.Caption = caption;
+  QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  return {};
 }
 
 void WindowHost::Pointer(PointerShape shape) {

@@ -9,14 +9,12 @@
 #include <optional>
 #include <random>
 
-#include "grid/state.h"
+#include "base/host.h"
 
 class FNDialog;
 
 class WindowHost : public Host {
  public:
-  State* state = nullptr;
-
   // The window fills these in.
   QWidget* window = nullptr;
   FNDialog* gf1 = nullptr;
@@ -37,10 +35,10 @@ class WindowHost : public Host {
   UnsavedAnswer AskUnsaved(std::string_view text) override;
   void Open(Window what) override { open(what); }
   void Quit() override { quit(); }
-  void ShowLogLine(std::string_view line) override;
-  void Poll() override;
-  void RunEvents() override { Poll(); }
-  void AwaitHalt(std::string_view why) override;
+  Events ShowLogLine(std::string_view line) override;
+  Events Poll() override;
+  Events RunEvents() override { return Poll(); }
+  Events AwaitHalt(std::string_view why) override;
   void Pointer(PointerShape shape) override;
   double Chance() override;
   [[noreturn]] void EndProgram(std::string_view why) override;

@@ -22,7 +22,7 @@ bool IsInGrid(const State& state, Pos p) {
 
 void FindIntersection(App& app, Direction direction) {
   State& state = app.state;
-  ClearHighlights(state, app.picture);
+  ClearHighlights(state);
   const Pos cell = Current(state);
   const int slot =
       IsInGrid(state, cell) ? state.SlotCells.IndexAt(cell, direction) : -1;

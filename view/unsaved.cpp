@@ -8,13 +8,9 @@ namespace {
 
 constexpr std::string_view kFirstTitle = "New Puzzle";
 
-int DrawnSize(const State& state) {
-  return std::clamp((state.PictureSize - 100) / CellSize, 0, MaxGridSize);
-}
-
 bool HasContent(const State& state) {
   bool content = state.Text5 != kFirstTitle;
-  ForEachCell(DrawnSize(state), [&](Pos p) {
+  ForEachCell(state.paint.width, [&](Pos p) {
     content |= state.Grid[p] != kEmptyCell && state.Grid[p] != kNoCell;
   });
   return content;
@@ -24,7 +20,7 @@ bool HasContent(const State& state) {
 class AsDrawn {
  public:
   explicit AsDrawn(const State& state) : copy_(state) {
-    copy_.GridSize = DrawnSize(state);
+    copy_.GridSize = state.paint.width;
   }
   const State& operator*() const { return copy_; }
 
@@ -35,7 +31,7 @@ class AsDrawn {
 bool Save(App& app) {
   State& state = app.state;
   if (state.PuzzleFileName.empty()) {
-    if (!SavePuzzleAs(state, app.ports())) return false;
+    if (!SavePuzzleAs(state, app.host)) return false;
   } else {
     WriteFile(state.PuzzleFileName, PuzzleText(state));
   }
@@ -46,8 +42,8 @@ bool Save(App& app) {
 }  // namespace
 
 std::string WorkText(const State& state) {
-  return PuzzleText(state.GridSize == DrawnSize(state) ? state
-                                                       : *AsDrawn(state));
+  return PuzzleText(state.GridSize == state.paint.width ? state
+                                                        : *AsDrawn(state));
 }
 
 void NoteSaved(App& app) {

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data,
     if (puzzle.cells.size() != static_cast<std::size_t>(puzzle.size))
       std::abort();
     QuietDesk desk;
-    ShowPuzzle(desk.state, desk.ports(), puzzle);
+    ShowPuzzle(desk.state, desk.host, puzzle);
     const std::string text = PuzzleText(desk.state);
     const FuzzFile again(reinterpret_cast<const std::uint8_t*>(text.data()),
                          text.size());
