@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "controls/plain_text.h"
+
 AboutForm::AboutForm(const QString& contact, const QString& version,
                      QWidget* parent)
     : QDialog(parent) {
@@ -18,14 +20,14 @@ AboutForm::AboutForm(const QString& contact, const QString& version,
   icon->setPixmap(QIcon::fromTheme("kelda", windowIcon()).pixmap(64, 64));
   layout->addWidget(icon, 0, Qt::AlignHCenter);
   auto* text = new QLabel(
-      "\n\nPurpose of this program is to\nassist in making CrossWord "
-      "Puzzles. \n" +
-      contact);
+      Plain("\n\nPurpose of this program is to\nassist in making CrossWord "
+            "Puzzles. \n" +
+            contact));
   text->setObjectName("AboutKelda");
   text->setAlignment(Qt::AlignHCenter);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);
   layout->addWidget(text);
-  auto* label = new QLabel(tr("Version %1").arg(version));
+  auto* label = new QLabel(Plain(tr("Version %1").arg(version)));
   label->setObjectName("Label1");
   layout->addWidget(label, 0, Qt::AlignHCenter);
   auto* ok = new QPushButton(tr("OK"));

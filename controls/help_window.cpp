@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include "controls/paper_palette.h"
+#include "controls/plain_text.h"
 
 HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
   setObjectName("HelpForm");
@@ -36,7 +37,7 @@ HelpForm::HelpForm(QWidget* parent) : QWidget(parent, Qt::Window) {
                            const QString& toolTip, const QKeySequence& keys,
                            auto step) {
     auto* button = add(name, caption);
-    button->setToolTip(toolTip + " (" + keys.toString() + ")");
+    button->setToolTip(Plain(toolTip + " (" + keys.toString() + ")"));
     const auto go = [this, step] {
       if (IsAtAnchor()) (page_->*step)();
     };

@@ -12,6 +12,7 @@
 
 #include "controls/page_bounds.h"
 #include "controls/paper_palette.h"
+#include "controls/plain_text.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ LookupForm::LookupForm(const QString& word, const QString& address,
       builtIn_(std::move(builtIn)),
       current_(address + kPath + word) {
   setObjectName("Form3");
-  setWindowTitle(word.isEmpty() ? tr("Dictionary") : word);
+  setWindowTitle(PlainBrief(word.isEmpty() ? tr("Dictionary") : word));
   resize(560, 480);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(4, 4, 4, 4);

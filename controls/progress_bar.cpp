@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPalette>
 
+#include "controls/plain_text.h"
+
 ProgBar::ProgBar(QWidget* parent) : ValueWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
@@ -17,7 +19,7 @@ void ProgBar::SetValue(double value) {
 void ProgBar::SetCaption(const QString& caption) {
   if (caption == caption_) return;
   caption_ = caption;
-  setAccessibleDescription(caption);
+  setAccessibleDescription(Plain(caption));
   update();
 }
 

@@ -74,6 +74,7 @@ class WindowDesk {
   // boxes, "=text"; "" cancels.  An empty list presses the default button.
   std::deque<std::string> answers;
   std::vector<std::string> boxes;  // the texts of the boxes shown
+  std::vector<QSize> sizes;        // and how large they were
 
  private:
   void Answer() {
@@ -84,6 +85,7 @@ class WindowDesk {
       answer = answers.front();
       answers.pop_front();
     }
+    sizes.push_back(shown->frameSize());
     if (auto* input = qobject_cast<QInputDialog*>(shown)) {
       boxes.push_back(input->labelText().toStdString());
       if (answer.starts_with("=")) {
@@ -94,7 +96,10 @@ class WindowDesk {
       }
     } else if (auto* box = qobject_cast<QMessageBox*>(shown)) {
       boxes.push_back(box->text().toStdString());
-      QAbstractButton* chosen = box->buttons().constFirst();
+      QAbstractButton* chosen = nullptr;
+      for (QAbstractButton* button : box->buttons())
+        if (!chosen && box->buttonRole(button) != QMessageBox::ActionRole)
+          chosen = button;
       for (QAbstractButton* button : box->buttons())
         if (button->text().remove('&').toStdString() == answer) chosen = button;
       chosen->click();

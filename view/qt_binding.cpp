@@ -1,5 +1,7 @@
 #include "view/qt_binding.h"
 
+#include "controls/plain_text.h"
+
 namespace {
 
 QString ToQt(std::string_view text) {
@@ -19,7 +21,7 @@ QString WithMnemonic(std::string_view caption, char mnemonic) {
 template <class Control>
 void CommandBinding::Bind(Control* control, const Command& row) {
   control->setObjectName(ToQt(row.control));
-  if (!row.toolTip.empty()) control->setToolTip(ToQt(row.toolTip));
+  if (!row.toolTip.empty()) control->setToolTip(Plain(ToQt(row.toolTip)));
   bound_.push_back(
       {&row, [control](bool enabled) { control->setEnabled(enabled); }});
 }
@@ -28,8 +30,8 @@ QPushButton* CommandBinding::Button(const char* control, char mnemonic) {
   const Command* row = FindCommand(control);
   if (!row) return nullptr;
   auto* button = new QPushButton(WithMnemonic(row->caption, mnemonic));
-  button->setAccessibleName(ToQt(row->caption));
-  button->setAccessibleDescription(ToQt(row->toolTip));
+  button->setAccessibleName(Plain(ToQt(row->caption)));
+  button->setAccessibleDescription(Plain(ToQt(row->toolTip)));
   QFont font = button->font();
   font.setFamilies({"Arial", "Liberation Sans", "DejaVu Sans", "sans-serif"});
   button->setFont(font);
@@ -41,7 +43,7 @@ QPushButton* CommandBinding::Button(const char* control, char mnemonic) {
 QRadioButton* CommandBinding::Option(const char* control, char mnemonic) {
   const Command& row = CommandOf(control);
   auto* option = new QRadioButton(WithMnemonic(row.caption, mnemonic));
-  option->setAccessibleName(ToQt(row.caption));
+  option->setAccessibleName(Plain(ToQt(row.caption)));
   Bind(option, row);
   connect(option, &QRadioButton::clicked, this,
           [this, &row] { emit Run(row); });
@@ -54,7 +56,7 @@ QAction* CommandBinding::Item(QMenu* menu, const char* control, char mnemonic,
   if (!row) return nullptr;
   QString text = WithMnemonic(row->caption, mnemonic);
   if (!keys.isEmpty()) text += '\t' + keys;
-  QAction* item = menu->addAction(text);
+  QAction* item = menu->addAction(Plain(text));
   Bind(item, *row);
   connect(item, &QAction::triggered, this, [this, row] { emit Run(*row); });
   return item;

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QListView>
 
+#include "controls/plain_text.h"
 #include "draw/qt_picture.h"
 #include "view/qt_text.h"
 
@@ -60,7 +61,7 @@ DebugPanel::DebugPanel(App& app, CommandBinding& binding, QWidget* parent)
 
 void DebugPanel::AddFrame(QBoxLayout* layout, const QString& caption,
                           std::initializer_list<int> lists) {
-  auto* frame = new QGroupBox(caption);
+  auto* frame = new QGroupBox(Plain(caption));
   auto* row = new QHBoxLayout(frame);
   row->setContentsMargins(3, 2, 3, 3);
   row->setSpacing(3);
@@ -71,7 +72,7 @@ void DebugPanel::AddFrame(QBoxLayout* layout, const QString& caption,
 QWidget* DebugPanel::NewList(int list) {
   auto* view = new QListView;
   view->setObjectName("List" + QString::number(list));
-  view->setAccessibleName(view->objectName());
+  view->setAccessibleName(Plain(view->objectName()));
   QFont font = FixedPitchFont();
   font.setPointSizeF(8);
   view->setFont(font);

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "controls/plain_text.h"
 #include "draw/qt_picture.h"
 
 namespace {
@@ -12,7 +13,7 @@ namespace {
 constexpr int kGaugeTrack = 45 * 30 / kTwipsPerPixel;  // its widest bar
 
 QGroupBox* Frame(const char* name, const QString& caption) {
-  auto* frame = new QGroupBox(caption);
+  auto* frame = new QGroupBox(Plain(caption));
   frame->setObjectName(name);
   return frame;
 }
@@ -29,7 +30,7 @@ QGridLayout* LayoutOf(QGroupBox* frame) {
 QLineEdit* Edit(const char* name, const QString& spokenName, int width = 0) {
   auto* edit = new QLineEdit;
   edit->setObjectName(name);
-  edit->setAccessibleName(spokenName);
+  edit->setAccessibleName(Plain(spokenName));
   if (width > 0) edit->setMaximumWidth(width);
   edit->setMinimumWidth(40);
   return edit;
@@ -37,7 +38,7 @@ QLineEdit* Edit(const char* name, const QString& spokenName, int width = 0) {
 
 template <class Label = QLabel>
 Label* NewLabel(const char* name, const QString& text = "") {
-  auto* label = new Label(text);
+  auto* label = new Label(Plain(text));
   label->setObjectName(name);
   return label;
 }

@@ -4,12 +4,11 @@
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QDir>
-#include <QInputDialog>
-#include <QMessageBox>
 #include <QTimer>
 #include <utility>
 
 #include "controls/lookup_window.h"
+#include "controls/message_box.h"
 #include "dictionary/meanings.h"
 #include "files/puzzle_file.h"
 #include "view/qt_text.h"
@@ -179,11 +178,11 @@ void MainWindow::KeepWork() {
   } catch (const FileError& error) {
     // Said once; the user can still save by hand.
     if (std::exchange(recoveryFailed_, true)) return;
-    auto* box = new QMessageBox(
-        QMessageBox::Warning, QString(),
+    auto* box = new MessageBox(
         tr("No recovery copy of your puzzle can be kept, so save it often.") +
             "\n" + FromBytes(error.what()),
-        QMessageBox::Ok, this);
+        this);
+    box->setIcon(QMessageBox::Warning);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->show();
   }
@@ -191,16 +190,15 @@ void MainWindow::KeepWork() {
 
 void MainWindow::OfferRecovery() {
   for (const AbandonedCopy& copy : recovery_.FindAbandoned()) {
-    QMessageBox box(this);
-    box.setObjectName("RecoveryBox");
-    box.setTextFormat(Qt::PlainText);
-    box.setText(
+    MessageBox box(
         tr("Kelda did not end as it should, and kept the unsaved "
            "puzzle \"%1\" of %2.")
             .arg(FromTitle(copy.puzzle.title),
                  QLocale().toString(QDateTime::fromSecsSinceEpoch(copy.when),
-                                    QLocale::ShortFormat)));
-    box.setInformativeText(
+                                    QLocale::ShortFormat)),
+        this);
+    box.setObjectName("RecoveryBox");
+    box.SetSecondLine(
         copy.puzzlePath.empty()
             ? tr("It was in no file yet.")
             : tr("Its file is %1").arg(FromBytes(copy.puzzlePath)));

@@ -12,6 +12,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "controls/plain_text.h"
 #include "grid/new_grid.h"
 #include "view/qt_main_window.h"
 #include "view/qt_text.h"
@@ -183,8 +184,9 @@ void MainWindow::EditTitle(const QString& text) {
   if (!lost.isEmpty()) {
     QToolTip::showText(
         Text5_->mapToGlobal(QPoint(8, Text5_->height())),
-        tr("A title takes Western European letters only. Left out: %1")
-            .arg(lost),
+        PlainTip(tr("A title takes Western European letters only. "
+                    "Left out: %1")
+                     .arg(lost)),
         Text5_);
   }
   app_.state.Text5 = ToTitle(fit);

@@ -2,6 +2,7 @@
 
 #include <QSignalBlocker>
 
+#include "controls/plain_text.h"
 #include "view/qt_main_window.h"
 #include "view/qt_text.h"
 #include "view/unsaved.h"
@@ -28,7 +29,7 @@ void Mark(const std::array<QRadioButton*, 4>& choices, int marked) {
 
 void Show(QLabel* label, const std::string& text) {
   const QString shown = FromBytes(text);
-  if (label->text() != shown) label->setText(shown);
+  if (label->text() != Plain(shown)) label->setText(Plain(shown));
 }
 
 void Show(ProgBar* bar, const ProgressBar& state) {
@@ -53,11 +54,11 @@ void MainWindow::ShowState() {
   Show(frames_->Text2, FromBytes(state.Text2));
   Show(frames_->Text3, FromBytes(state.Text3));
   Show(frames_->Text4, FromBytes(state.Text4));
-  frames_->Text4->setToolTip(FromBytes(state.Text4));
+  frames_->Text4->setToolTip(PlainTip(FromBytes(state.Text4)));
   Show(frames_->Label1, state.Label1);
   Show(frames_->Label2, state.Label2);
   Show(frames_->Label3, state.Label3);
-  frames_->Label3->setToolTip(FromBytes(state.Label3));
+  frames_->Label3->setToolTip(PlainTip(FromBytes(state.Label3)));
   Show(frames_->Label9, state.Label9);
   Mark(frames_->DictOpt, state.DictOpt);
   frames_->gauge->SetWidth(state.GaugeWidth);
@@ -113,8 +114,11 @@ void MainWindow::ScrollPicture() {
 
 void MainWindow::ShowTitleBar() {
   const std::string& caption = app_.state.Caption;
-  const QString title =
-      (caption.empty() ? QString("Kelda") : FromBytes(caption)) + "[*]";
-  if (windowTitle() != title) setWindowTitle(title);
+  // A doubled "[*]" is one that belongs to the name.
+  const QString name = caption.empty()
+                           ? QString("Kelda")
+                           : FromBytes(caption).replace("[*]", "[*][*]");
+  const QString title = name + "[*]";
+  if (windowTitle() != Plain(title)) setWindowTitle(Plain(title));
   setWindowModified(HasUnsavedWork(app_));
 }

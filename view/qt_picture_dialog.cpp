@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <cmath>
 
+#include "controls/plain_text.h"
 #include "draw/qt_picture_file.h"
 
 namespace {
@@ -59,7 +60,7 @@ PictureDialog::PictureDialog(QWidget* parent, int gridSize)
 
 void PictureDialog::ShowSize() {
   const int pixels = PicturePixels(gridSize_, scale_->value());
-  size_->setText(QString("%1 x %1 pixels").arg(pixels));
+  size_->setText(Plain(QString("%1 x %1 pixels").arg(pixels)));
 }
 
 PictureChoice PictureDialog::Choice() const {

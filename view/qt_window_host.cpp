@@ -2,18 +2,23 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 
 #include "controls/file_dialog.h"
+#include "controls/message_box.h"
+#include "controls/plain_text.h"
 #include "view/qt_text.h"
 
 namespace {
 
 // How often events run while a task does.
 constexpr qint64 kPollInterval = 20;  // ms
+// A prompt that is wider wraps.
+constexpr int kWidestPrompt = 600;
 
 QString Lines(std::string_view text) {
   return FromBytes(text).remove('\r');
@@ -24,15 +29,15 @@ QString Lines(std::string_view text) {
 int WindowHost::Box(std::string_view text, QMessageBox::StandardButtons buttons,
                     QMessageBox::StandardButton onEscape) {
   showState();
-  QMessageBox box(window);
-  box.setObjectName("MessageBox");
-  box.setTextFormat(Qt::PlainText);
-  box.setText(Lines(text));
+  MessageBox box(Lines(text), window);
   box.setStandardButtons(buttons);
   box.setEscapeButton(onEscape);
   // Each can be pressed with Alt and its first letter.
-  for (QAbstractButton* button : box.buttons())
-    if (!button->text().contains('&')) button->setText('&' + button->text());
+  for (QAbstractButton* button : box.buttons()) {
+    const bool asked = box.standardButton(button) != QMessageBox::NoButton;
+    if (asked && !button->text().contains('&'))
+      button->setText(Plain('&' + button->text()));
+  }
   if (buttons & QMessageBox::Save) box.setDefaultButton(QMessageBox::Save);
   const int answer = box.exec();
   sincePoll_.restart();
@@ -79,9 +84,12 @@ std::string WindowHost::AskText(std::string_view prompt, std::string_view title,
   showState();
   QInputDialog dialog(window);
   dialog.setObjectName("InputBox");
-  dialog.setWindowTitle(title.empty() ? QApplication::applicationDisplayName()
-                                      : FromBytes(title));
-  dialog.setLabelText(Lines(prompt));
+  dialog.setWindowTitle(Plain(title.empty()
+                                  ? QApplication::applicationDisplayName()
+                                  : FromBytes(title)));
+  dialog.setLabelText(PlainBrief(Lines(prompt)));
+  for (QLabel* label : dialog.findChildren<QLabel*>())
+    label->setWordWrap(label->sizeHint().width() > kWidestPrompt);
   dialog.setTextValue(FromBytes(preset));
   if (dialog.exec() != QDialog::Accepted) return "";
   return dialog.textValue().toStdString();
@@ -98,10 +106,8 @@ std::string WindowHost::AskFileName(const FileRequest& request) {
 
 Events WindowHost::ShowLogLine(std::string_view line) {
   showState();
-  QMessageBox box(window);
+  MessageBox box(Lines(line), window);
   box.setObjectName("LogLine");
-  box.setTextFormat(Qt::PlainText);
-  box.setText(Lines(line));
   auto* next = box.addButton(QMessageBox::Ok);
   auto* halt =
       box.addButton(QObject::tr("&Halt"), QMessageBox::DestructiveRole);
@@ -152,11 +158,10 @@ double WindowHost::Chance() {
 void WindowHost::EndProgram(std::string_view why) {
   keepWork();
   Pointer(PointerShape::Normal);
-  QMessageBox box(QMessageBox::Critical, QString(), Lines(why), QMessageBox::Ok,
-                  window);
-  box.setObjectName("MessageBox");
-  box.setTextFormat(Qt::PlainText);
-  box.setInformativeText(
+  MessageBox box(Lines(why), window);
+  box.setIcon(QMessageBox::Critical);
+  box.setStandardButtons(QMessageBox::Ok);
+  box.SetSecondLine(
       QObject::tr("Kelda has to close. A puzzle that was not saved is kept and "
                   "offered when Kelda starts again."));
   box.exec();
