@@ -36,7 +36,7 @@ TEST(Texts, PuzzlesAndPathsOpenNothing) {
   // In a grid the space is one that is no empty cell.
   puzzle << hostile << "\n<img\xA0src=p>\n";
   puzzle.close();
-  ASSERT_TRUE(OpenPuzzle(desk.app.state, desk.app.ports(), "a.kdp"));
+  ASSERT_TRUE(OpenPuzzle(desk.app.state, desk.host, "a.kdp"));
   desk.ClickCell(1, 1);
   EXPECT_TRUE(Qt::mightBeRichText(desk.Find<QLineEdit>("Text4")->text()));
   EXPECT_TRUE(Hover(desk.Find<QWidget>("Text4")).startsWith('<'));
