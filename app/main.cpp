@@ -4,12 +4,14 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <charconv>
+#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
 #include <optional>
 #include <string>
 
+#include "base/user_folders.h"
 #include "draw/qt_printer.h"
 #include "view/qt_clipboard.h"
 #include "view/qt_main_window.h"
@@ -105,6 +107,8 @@ QString HelpPage() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A file that gets too large is a write that fails.
+  std::signal(SIGXFSZ, SIG_IGN);
   const Options options = ReadOptions(argc, argv);
   if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
       !std::getenv("QT_QPA_PLATFORM"))
@@ -122,9 +126,9 @@ int main(int argc, char** argv) {
   App app{{}, {}, host};
   QtPicture picture(app.state.paint);
   if (options.seed) host.Seed(*options.seed);
-  MainWindow window(app, host, picture,
-                    {QString::fromStdString(options.service),
-                     Recovery::DefaultFolder(), HelpPage()});
+  MainWindow window(
+      app, host, picture,
+      {QString::fromStdString(options.service), UserStateFolder(), HelpPage()});
   DefaultPrinter printer;
   QtBitmapClipboard clipboard(picture);
   QtPublisher publisher(&window);

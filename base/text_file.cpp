@@ -6,20 +6,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
-#include <filesystem>
 
 namespace {
 
 constexpr std::size_t kChunk = 1 << 16;
 constexpr std::size_t kLongestLine = 1 << 16;
 constexpr std::size_t kLargestFile = 1 << 28;
-
-[[noreturn]] void FailWith(const std::string& path, std::string_view what,
-                           int error) {
-  throw FileError(path + ": " + std::string(what) + ": " +
-                  std::strerror(error));
-}
 
 // Waits for nobody: a pipe is opened, seen to be one and refused.
 std::FILE* OpenRegular(const std::string& path) {
@@ -32,55 +24,6 @@ std::FILE* OpenRegular(const std::string& path) {
   throw FileError(path + ": this is not a regular file");
 }
 
-// A file that is open for writing.
-class OutputFile {
- public:
-  explicit OutputFile(int descriptor) : descriptor_(descriptor) {}
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
-  ~OutputFile() {
-    if (descriptor_ >= 0) close(descriptor_);
-  }
-
-  int Descriptor() const { return descriptor_; }
-
-  // Each returns whether it worked; errno says why not.
-  bool Write(std::string_view content) {
-    while (!content.empty()) {
-      const ssize_t written =
-          write(descriptor_, content.data(), content.size());
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) return false;
-      content.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-  }
-  bool Close() {
-    const int descriptor = descriptor_;
-    descriptor_ = -1;
-    return close(descriptor) == 0;
-  }
-
- private:
-  int descriptor_;
-};
-
-void WriteInPlace(const std::string& path, std::string_view content) {
-  OutputFile out(open(path.c_str(), O_WRONLY | O_CLOEXEC));
-  if (out.Descriptor() < 0 || !out.Write(content) || !out.Close())
-    FailWith(path, "cannot be written", errno);
-}
-
-// The mode for a new file: that of the old one, or what the user's mask
-// leaves.
-mode_t ModeFor(const std::string& path) {
-  struct stat old;
-  if (stat(path.c_str(), &old) == 0) return old.st_mode & 07777;
-  const mode_t mask = umask(0);
-  umask(mask);
-  return 0666 & ~mask;
-}
-
 }  // namespace
 
 LineReader::LineReader(const std::string& path, Opens what)
@@ -88,7 +31,8 @@ LineReader::LineReader(const std::string& path, Opens what)
       file_(what == Opens::RegularFiles ? OpenRegular(path)
             : path == "-"               ? fdopen(dup(STDIN_FILENO), "rb")
                                         : std::fopen(path.c_str(), "rb")) {
-  if (!file_) FailWith(path, "cannot be opened", errno);
+  if (!file_)
+    throw FileNotOpened(path + ": cannot be opened: " + std::strerror(errno));
 }
 
 void LineReader::Fail(std::string_view what) const {
@@ -147,30 +91,4 @@ void LineReader::TakeRest(std::size_t end) {
   line_.append(buffer_, next_, end - next_);
   next_ = end;
   if (line_.size() > kLongestLine) Fail("the line is too long");
-}
-
-void WriteFile(const std::string& path, std::string_view content) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  // Through a link, the file that it stands for is replaced.
-  fs::path target = fs::weakly_canonical(path, error);
-  if (error) target = path;
-  const fs::file_status status = fs::status(target, error);
-  if (fs::exists(status) && !fs::is_regular_file(status)) {
-    WriteInPlace(path, content);
-    return;
-  }
-  std::string temporary = target.string() + ".XXXXXX";
-  OutputFile out(mkostemp(temporary.data(), O_CLOEXEC));
-  if (out.Descriptor() < 0) FailWith(path, "cannot be written", errno);
-  // Where a file system knows no modes, the file is written all the same.
-  (void)fchmod(out.Descriptor(), ModeFor(target));
-  const bool done = out.Write(content) && fsync(out.Descriptor()) == 0 &&
-                    out.Close() &&
-                    rename(temporary.c_str(), target.c_str()) == 0;
-  if (!done) {
-    const int failure = errno;
-    unlink(temporary.c_str());
-    FailWith(path, "cannot be written", failure);
-  }
 }

@@ -1,20 +1,13 @@
-// Text files from outside, read line by line with every bound checked, and
-// written so that a crash or a full disk leaves the old file whole.
+// Text files from outside, read line by line with every bound checked.
 
 #pragma once
 
 #include <cstdio>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
-// A file that cannot be read or written.  The text names the file, the line
-// where there is one, and what is wrong: "a.kdp:3: the line is too long".
-class FileError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+#include "base/file_error.h"
 
 // What may be opened.  A pipe or a device can make a reader wait for ever: a
 // script may want that, a window does not.
@@ -54,7 +47,3 @@ class LineReader {
   std::string line_;
   int lineNumber_ = 0;
 };
-
-// Replaces a file's content, or makes the file, through a temporary file
-// beside it and a rename.  What is no regular file is written as it is.
-void WriteFile(const std::string& path, std::string_view content);

@@ -70,24 +70,3 @@ TEST(LineReader, WaitsForNoPipeWhereOnlyRegularFilesMayBeOpened) {
   EXPECT_TRUE(file.Next(line));
   EXPECT_EQ(line, "x");
 }
-
-TEST(WriteFile, ReplacesAFileWholeOrNotAtAll) {
-  const TestFolder folder;
-  const std::string path = folder.Write("a", "old");
-  chmod(path.c_str(), 0640);
-  WriteFile(path, "new");
-  EXPECT_EQ(folder.Read("a"), "new");
-  struct stat status;
-  ASSERT_EQ(stat(path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777, 0640u) << "the mode is kept";
-
-  // Through a link, the file behind it is replaced.
-  ASSERT_EQ(symlink(path.c_str(), folder.Path("link").c_str()), 0);
-  WriteFile(folder.Path("link"), "newer");
-  EXPECT_EQ(folder.Read("a"), "newer");
-
-  EXPECT_THROW(WriteFile(folder.Path("none/a"), "x"), FileError);
-  EXPECT_THROW(WriteFile("/dev/full", "x"), FileError);
-  const std::filesystem::directory_iterator files(folder.Path(".")), end;
-  EXPECT_EQ(std::distance(files, end), 2) << "no temporary file is left";
-}

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "base/text_file.h"
+#include "base/write_file.h"
 #include "cli/autofill_files.h"
 #include "cli/autofill_lists.h"
 #include "cli/autofill_report.h"
@@ -68,7 +68,8 @@ void WriteFills(const AutofillFiles& files, const AutofillReport& report) {
     if (files.out == "-")
       std::cout << text;
     else
-      WriteFile(files.PathOf(report.name, i), text);
+      WriteFile(files.PathOf(report.name, i), text,
+                {.replaceProtected = files.force});
   }
 }
 

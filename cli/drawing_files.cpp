@@ -1,12 +1,10 @@
 #include "cli/drawing_files.h"
 
 #include <algorithm>
-#include <iostream>
 #include <optional>
 #include <vector>
 
 #include "base/text.h"
-#include "base/text_file.h"
 
 namespace {
 
@@ -46,11 +44,4 @@ CLI::Validator CheckKind(std::initializer_list<FileKind> kinds) {
         return name + ": the name must end in one of " + ends;
       },
       "FILE");
-}
-
-void WriteOutput(const std::string& name, std::string_view content) {
-  if (name == "-")
-    std::cout << content;
-  else
-    WriteFile(name, content);
 }

@@ -1,11 +1,10 @@
-// The files that kelda-cli draws: their kinds, and writing them.
+// The kinds of files that kelda-cli draws.
 
 #pragma once
 
 #include <CLI/CLI.hpp>
 #include <initializer_list>
 #include <string>
-#include <string_view>
 
 enum class FileKind { Pdf, Svg, Png, Bmp };
 
@@ -14,6 +13,3 @@ FileKind KindOf(const std::string& name, FileKind fallback);
 
 // Checks that a file name is "-" or ends in one of some kinds.
 CLI::Validator CheckKind(std::initializer_list<FileKind> kinds);
-
-// Writes a file; "-" is standard output.
-void WriteOutput(const std::string& name, std::string_view content);

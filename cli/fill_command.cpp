@@ -1,11 +1,13 @@
 // kelda-cli fill: the step-by-step fill.
 
+#include <algorithm>
 #include <chrono>
 #include <iostream>
 
 #include "cli/checks.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
+#include "cli/output.h"
 #include "cli/session.h"
 #include "files/puzzle_file.h"
 #include "solver/fill.h"
@@ -18,7 +20,7 @@ struct Options {
   std::string start;
   std::vector<std::string> tries;
   bool log = false;
-  std::string out;
+  Output out;
   std::optional<std::uint64_t> seed;
 };
 
@@ -27,12 +29,23 @@ const std::map<std::string, TriesAnswer> kTriesAnswers = {
     {"retry", TriesAnswer::Retry},
     {"ignore", TriesAnswer::Ignore}};
 
+// How many entries have an empty cell.
+int CountUnfilled(const State& state) {
+  const auto isUnfilled = [&](const Slot& slot) {
+    for (int k = 1; k <= slot.length; ++k)
+      if (state.Grid[slot.CellAt(k)] == kEmptyCell) return true;
+    return false;
+  };
+  return static_cast<int>(
+      std::ranges::count_if(state.SlotCells.Slots(), isUnfilled));
+}
+
 int RunFill(const Options& options) {
   CliSession session;
   session.LoadWords(options.list);
   session.OpenPuzzle(options.puzzle);
   CliHost& host = session.host;
-  if (options.out == "-") host.output = &std::cerr;
+  if (options.out.name == "-") host.output = &std::cerr;
   for (const std::string& answer : options.tries)
     host.triesAnswers.push_back(kTriesAnswers.at(answer));
   host.textAnswer = options.start;
@@ -56,9 +69,16 @@ int RunFill(const Options& options) {
              << " slots solved, " << report.candidatesTried
              << " candidates tried, " << report.backtracks << " backtracks, "
              << seconds.count() << " seconds\n";
-  if (!options.out.empty() && report.outcome != FillOutcome::Refused)
-    session.SavePuzzle(options.out);
-  return report.outcome == FillOutcome::Completed ? kDone : kNotCompleted;
+  if (!options.out.name.empty() && report.outcome != FillOutcome::Refused)
+    Write(options.out, PuzzleText(session.state));
+  if (report.outcome != FillOutcome::Completed) return kNotCompleted;
+  const int empty = CountUnfilled(session.state);
+  if (empty == 0) return kDone;
+  std::cerr << "kelda-cli: " << empty
+            << (empty == 1 ? " entry is" : " entries are")
+            << " still empty: the fill does not go on from one section of "
+               "the grid to another\n";
+  return kNotCompleted;
 }
 
 }  // namespace
@@ -91,7 +111,7 @@ void AddFillCommand(CLI::App& app, int& status) {
       ->delimiter(',')
       ->check(CLI::IsMember({"abort", "retry", "ignore"}));
   command->add_flag("--log", options->log, "Print every line of the log");
-  command->add_option("-o,--output", options->out, "Puzzle file to write");
+  AddOutput(*command, options->out, "Puzzle file to write");
   command
       ->add_option("--seed", options->seed,
                    "Make the random choices repeatable")

@@ -5,7 +5,9 @@
 #include "cli/checks.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
+#include "cli/output.h"
 #include "cli/session.h"
+#include "files/puzzle_file.h"
 #include "layout/generate.h"
 #include "layout/split.h"
 
@@ -17,12 +19,19 @@ struct LayoutOptions {
   int squares = 0;
   std::optional<std::uint64_t> seed;
   bool noSplit = false;
-  std::string out = "-";
+  Output out{"-"};
 };
+
+// Whether there are fewer black squares than wanted.  A lattice that stays as
+// it is has what it has, unless their number was given.
+bool IsShort(const State& state, const LayoutOptions& options) {
+  const bool anyNumber = options.noSplit && options.squares == 0;
+  return !anyNumber && state.BlackSquareCount < state.BlackTarget;
+}
 
 int RunLayout(const LayoutOptions& options) {
   CliSession session;
-  if (options.out == "-") session.host.output = &std::cerr;
+  if (options.out.name == "-") session.host.output = &std::cerr;
   session.host.answerYes = !options.noSplit;
   if (options.seed) session.host.Seed(*options.seed);
   session.state.Text3 = std::to_string(options.size);
@@ -32,19 +41,24 @@ int RunLayout(const LayoutOptions& options) {
     RandomBlackSquares(session.state, session.host);
   else
     TwoByTwoLayout(session.state, session.host);
-  session.SavePuzzle(options.out);
+  Write(options.out, PuzzleText(session.state));
+  if (IsShort(session.state, options)) {
+    std::cerr << "kelda-cli: stopped short of " << session.state.BlackTarget
+              << " black squares\n";
+    return kNotCompleted;
+  }
   return WasInterrupted() ? kNotCompleted : kDone;
 }
 
-int RunSplit(const std::string& puzzle, const std::string& out,
+int RunSplit(const std::string& puzzle, const Output& out,
              const std::optional<std::uint64_t>& seed) {
   CliSession session;
   session.OpenPuzzle(puzzle);
-  if (out == "-") session.host.output = &std::cerr;
+  if (out.name == "-") session.host.output = &std::cerr;
   if (seed) session.host.Seed(*seed);
   const int before = session.state.BlackSquareCount;
   SplitMaxLine(session.state, session.host);
-  if (!out.empty()) session.SavePuzzle(out);
+  if (!out.name.empty()) Write(out, PuzzleText(session.state));
   return session.state.BlackSquareCount > before ? kDone : kNotCompleted;
 }
 
@@ -79,14 +93,15 @@ void AddLayoutCommand(CLI::App& app, int& status) {
       ->check(CLI::Validator(CheckSeed, ""));
   command->add_flag("--no-split", options->noSplit,
                     "Leave a 2x2 lattice as it is");
-  command->add_option("-o,--output", options->out, "Puzzle file to write")
+  AddOutput(*command, options->out, "Puzzle file to write")
       ->capture_default_str();
   command->callback([options, &status] { status = RunLayout(*options); });
 }
 
 void AddSplitCommand(CLI::App& app, int& status) {
   struct Options {
-    std::string puzzle, out;
+    std::string puzzle;
+    Output out;
     std::optional<std::uint64_t> seed;
   };
   auto options = std::make_shared<Options>();
@@ -94,7 +109,7 @@ void AddSplitCommand(CLI::App& app, int& status) {
       "split", "Split the longest slot by a pair of black squares.");
   command->footer("Example: kelda-cli split layout.kdp -o split.kdp");
   command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
-  command->add_option("-o,--output", options->out, "Puzzle file to write");
+  AddOutput(*command, options->out, "Puzzle file to write");
   command
       ->add_option("--seed", options->seed,
                    "Make the random choices repeatable")

@@ -1,11 +1,13 @@
 // kelda-cli picture: the grid as a picture file.
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
 #include "base/utf8.h"
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
+#include "cli/output.h"
 #include "cli/session.h"
 #include "draw/qt_picture_file.h"
 #include "draw/qt_session.h"
@@ -15,7 +17,7 @@ namespace {
 
 struct Options {
   std::string puzzle;
-  std::string output;
+  Output output;
   double scale = 1;
   bool blank = false;
 };
@@ -31,6 +33,17 @@ PictureKind PictureKindOf(const std::string& name) {
   }
 }
 
+// A scale that some picture can have.
+std::string CheckScale(const std::string& text) {
+  double scale = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, scale);
+  // No comparison holds for what is not a number.
+  const bool fits =
+      error == std::errc() && rest == end && scale >= kLeastPictureScale;
+  return fits ? "" : text + ": a scale is a number from 0.1";
+}
+
 int RunPicture(const Options& options) {
   CliSession session;
   session.OpenPuzzle(options.puzzle);
@@ -43,10 +56,10 @@ int RunPicture(const Options& options) {
     return kWrongUsage;
   }
   const DrawingSession drawing;
-  WriteOutput(options.output,
-              PictureFile(PaintOf(session.state, !options.blank),
-                          FromLatin1(session.state.Text5),
-                          {PictureKindOf(options.output), options.scale}));
+  Write(options.output,
+        PictureFile(PaintOf(session.state, !options.blank),
+                    FromUnknown(session.state.Text5),
+                    {PictureKindOf(options.output.name), options.scale}));
   return kDone;
 }
 
@@ -60,16 +73,15 @@ void AddPictureCommand(CLI::App& app, int& status) {
       "No window or display is needed.\n"
       "Example: kelda-cli picture puzzle.kdp -o puzzle.png --scale 3 --blank");
   command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
-  command
-      ->add_option("-o,--output", options->output,
-                   "File to write: .bmp, .png or .svg; - is a PNG file on "
-                   "standard output")
+  AddOutput(*command, options->output,
+            "File to write: .bmp, .png or .svg; - is a PNG file on standard "
+            "output")
       ->required()
       ->check(CheckKind({FileKind::Bmp, FileKind::Png, FileKind::Svg}));
   command
       ->add_option("--scale", options->scale,
                    "How large: 1 is 28 pixels to a cell, as on the screen")
-      ->check(CLI::Range(kLeastPictureScale, 1000.0))
+      ->check(CLI::Validator(CheckScale, ""))
       ->capture_default_str();
   command->add_flag("--blank", options->blank,
                     "Without letters, with clue numbers");

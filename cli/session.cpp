@@ -109,10 +109,3 @@ void CliSession::LoadWords(const std::string& list) {
     std::cerr << "kelda-cli: " << list
               << ": there is no word of 3 to 20 letters in this file\n";
 }
-
-void CliSession::SavePuzzle(const std::string& path) const {
-  if (path == "-")
-    std::cout << PuzzleText(state);
-  else
-    WriteFile(path, PuzzleText(state));
-}

@@ -10,7 +10,7 @@
 #include <random>
 #include <string>
 
-#include "base/text_file.h"
+#include "base/file_error.h"
 #include "dictionary/word_table.h"
 #include "grid/state.h"
 
@@ -67,6 +67,4 @@ struct CliSession {
   void OpenPuzzle(const std::string& path);
   // Loads a word list: a file, or 1, 2 or 3 for a level.
   void LoadWords(const std::string& list);
-  // Writes the puzzle to a file; "-" is standard output.
-  void SavePuzzle(const std::string& path) const;
 };

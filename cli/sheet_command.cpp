@@ -5,6 +5,7 @@
 #include "base/utf8.h"
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
+#include "cli/output.h"
 #include "cli/session.h"
 #include "draw/qt_pages.h"
 #include "draw/qt_printer.h"
@@ -15,7 +16,7 @@ namespace {
 
 struct Options {
   std::string puzzle;
-  std::string output;
+  Output output;
   std::string paper = "a4";
   bool gridOnly = false;
   bool text = false;
@@ -34,11 +35,11 @@ std::string SheetFile(const State& state, const Options& options,
   };
   switch (kind) {
     case FileKind::Svg:
-      return PagesAsSvg(paper, FromLatin1(state.Text5), draw);
+      return PagesAsSvg(paper, FromUnknown(state.Text5), draw);
     case FileKind::Png:
       return PagesAsPng(paper, draw);
     default:
-      return PagesAsPdf(paper, FromLatin1(state.Text5), draw);
+      return PagesAsPdf(paper, FromUnknown(state.Text5), draw);
   }
 }
 
@@ -54,18 +55,18 @@ int RunSheet(const Options& options) {
   CliSession session;
   session.OpenPuzzle(options.puzzle);
   if (options.print) return PrintSheet(session, options);
-  if (options.output.empty() && options.gridOnly) {
+  if (options.output.name.empty() && options.gridOnly) {
     std::cerr << "kelda-cli: --grid-only leaves no lines of lists to print\n";
     return kWrongUsage;
   }
-  if (options.output.empty()) {
+  if (options.output.name.empty()) {
     for (const std::string& line : ClueLines(session.state))
       std::cout << line << "\n";
     return kDone;
   }
-  const FileKind kind = KindOf(options.output, FileKind::Pdf);
+  const FileKind kind = KindOf(options.output.name, FileKind::Pdf);
   const DrawingSession drawing;
-  WriteOutput(options.output, SheetFile(session.state, options, kind));
+  Write(options.output, SheetFile(session.state, options, kind));
   return kDone;
 }
 
@@ -83,9 +84,10 @@ void AddSheetCommand(CLI::App& app, int& status) {
   command->add_flag("--grid-only", options->gridOnly,
                     "Without clue numbers and lists");
   auto* kind = command->add_option_group("kind", "What becomes of the sheet");
-  kind->add_option("-o,--output", options->output,
-                   "File to write: .pdf, .svg or .png; - is a PDF file on "
-                   "standard output")
+  kind->add_option(
+          AddOutput(*command, options->output,
+                    "File to write: .pdf, .svg or .png; - is a PDF file on "
+                    "standard output"))
       ->check(CheckKind({FileKind::Pdf, FileKind::Svg, FileKind::Png}));
   kind->add_flag("--text", options->text,
                  "Print the lines of the clue lists (the default)");

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "base/utf8.h"
-#include "files/puzzle_file.h"
+#include "files/save_file.h"
 #include "files/sheet.h"
 #include "grid/drawing.h"
 
@@ -21,21 +21,6 @@ FileRequest RequestTarget(std::string title, std::string types,
           std::move(name)};
 }
 
-// Writes what `make` makes, with the busy pointer; tells what goes wrong.
-template <class Make>
-bool WriteMade(Host& host, const std::string& path, Make make) {
-  host.Pointer(PointerShape::Hourglass);
-  std::string failure;
-  try {
-    WriteFile(path, make());
-  } catch (const FileError& error) {
-    failure = error.what();
-  }
-  host.Pointer(PointerShape::Normal);
-  if (!failure.empty()) host.Tell(failure);
-  return failure.empty();
-}
-
 }  // namespace
 
 void CopyToBitmap(Host& host, BitmapClipboard& clipboard) {
@@ -44,7 +29,7 @@ void CopyToBitmap(Host& host, BitmapClipboard& clipboard) {
       RequestTarget("Select destination file for a bitmap copy of this puzzle",
                     "*.bmp", "Puzzle Bitmap Files"));
   if (path.empty()) return;
-  const bool written = WriteMade(host, path, [&] {
+  const bool written = SaveFile(host, path, [&] {
     clipboard.CopyPicture();
     std::string bitmap = clipboard.Bitmap();
     clipboard.Empty();
@@ -63,8 +48,8 @@ void SaveAsPdf(const State& state, Host& host, Publisher& publisher) {
       AskTarget(host, RequestTarget("Select a file for the printed sheet",
                                     "*.pdf", "PDF Files"));
   if (path.empty()) return;
-  const bool written = WriteMade(host, path, [&] {
-    return publisher.Pdf(FromLatin1(state.Text5), [&](Canvas& canvas) {
+  const bool written = SaveFile(host, path, [&] {
+    return publisher.Pdf(FromUnknown(state.Text5), [&](Canvas& canvas) {
       DrawSheet(state, SheetMode::Full, canvas);
     });
   });
@@ -80,9 +65,9 @@ void SaveAsPicture(const State& state, Host& host, Publisher& publisher) {
                           svg ? "*.svg" : "*.png",
                           svg ? "SVG Pictures" : "PNG Pictures"));
   if (path.empty()) return;
-  const bool written = WriteMade(host, path, [&] {
+  const bool written = SaveFile(host, path, [&] {
     return publisher.PictureFile(PaintOf(state, choice->letters),
-                                 FromLatin1(state.Text5), *choice);
+                                 FromUnknown(state.Text5), *choice);
   });
   if (written) host.Tell("Saved to: " + path);
 }

@@ -1,7 +1,6 @@
 #include "files/puzzle_file.h"
 
-#include <filesystem>
-
+#include "files/save_file.h"
 #include "grid/drawing.h"
 #include "grid/events.h"
 #include "grid/masks.h"
@@ -55,6 +54,13 @@ std::string CellsOf(std::string_view line, int size, const LineReader& file) {
 
 FileRequest RequestPuzzle(FileRequest::Mode mode, std::string title) {
   return {mode, std::move(title), "*.kdp", "Crossword Files"};
+}
+
+bool Save(State& state, Host& host, const std::string& path) {
+  const std::string text = PuzzleText(state);
+  if (!SaveFile(host, path, [&] { return text; })) return false;
+  state.puzzleFileStamp = StampOfContent(text);
+  return true;
 }
 
 }  // namespace
@@ -114,6 +120,7 @@ void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle) {
 }
 
 bool OpenPuzzle(State& state, Host& host, const std::string& path) {
+  const FileStamp stamp = StampOf(path);
   try {
     const Puzzle puzzle = ReadPuzzle(path, Opens::RegularFiles);
     host.Pointer(PointerShape::Hourglass);
@@ -121,12 +128,14 @@ bool OpenPuzzle(State& state, Host& host, const std::string& path) {
   } catch (const EvenGridSize&) {
     host.Tell("Grid size must be an odd number");
     return false;
-  } catch (const FileError&) {
-    host.Tell("error loading: " + path);
+  } catch (const FileError& error) {
+    host.Tell("error loading: " + path + std::string(kLineBreak) +
+              error.what());
     return false;
   }
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;
+  state.puzzleFileStamp = stamp;
   host.Pointer(PointerShape::Normal);
   return true;
 }
@@ -143,11 +152,9 @@ bool SavePuzzleAs(State& state, Host& host) {
   const std::string path = host.AskFileName(
       RequestPuzzle(FileRequest::Mode::Save, "Select a file to save solution"));
   if (path.empty() || !ConfirmOverwrite(host, path)) return false;
-  host.Pointer(PointerShape::Hourglass);
-  WriteFile(path, PuzzleText(state));
+  if (!Save(state, host, path)) return false;
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;
-  host.Pointer(PointerShape::Normal);
   host.Tell("Saved to: " + path);
   return true;
 }
@@ -158,15 +165,11 @@ bool UpdatePuzzle(State& state, Host& host) {
     host.Tell("No file name to save");
     return false;
   }
-  if (!host.AskYesNo("Update " + path + " ?")) return false;
-  host.Pointer(PointerShape::Hourglass);
-  WriteFile(path, PuzzleText(state));
-  host.Pointer(PointerShape::Normal);
-  return true;
+  return host.AskYesNo("Update " + path + " ?") && SaveInItsFile(state, host);
 }
 
-bool ConfirmOverwrite(Host& host, const std::string& path) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
-  return error || size == 0 || host.AskYesNo("OverWrite file: " + path + " ?");
+bool SaveInItsFile(State& state, Host& host) {
+  const std::string& path = state.PuzzleFileName;
+  return ConfirmChange(host, path, state.puzzleFileStamp) &&
+         Save(state, host, path);
 }

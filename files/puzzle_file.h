@@ -3,7 +3,8 @@
 //
 // In the file "#" is a black square and "." an empty cell; every other
 // character is the cell's letter.  The size is the length of the first grid
-// line.  Text is single-byte (ISO 8859-1), here as in State::Text5.
+// line.  A cell is a byte (ISO 8859-1); the title is whatever bytes the file
+// has, here as in State::Text5, and shown as UTF-8 where that is valid.
 
 #pragma once
 
@@ -40,7 +41,9 @@ std::string GridText(const State& state);
 void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle);
 
 // Reads a puzzle and makes it the state's, with its file's name.  Tells of a
-// file that is no puzzle; the state is then as it was.
+// file that is no puzzle; the state is then as it was:
+//   error loading: /home/me/a.kdp
+//   /home/me/a.kdp: the file is empty
 bool OpenPuzzle(State& state, Host& host, const std::string& path);
 
 // The commands; each returns whether it loaded or saved.
@@ -48,6 +51,5 @@ bool LoadPuzzle(State& state, Host& host);
 bool SavePuzzleAs(State& state, Host& host);
 bool UpdatePuzzle(State& state, Host& host);
 
-// Whether a file may be written: it is not there, is empty, or the user
-// agrees that it is replaced.
-bool ConfirmOverwrite(Host& host, const std::string& path);
+// Saves the puzzle where it was opened or saved before.
+bool SaveInItsFile(State& state, Host& host);

@@ -77,6 +77,21 @@ TEST(PuzzleFile, AFailedLoadLeavesThePuzzleAsItWas) {
   }
 }
 
+TEST(PuzzleFile, AFailedLoadSaysWhyOnTheSecondLine) {
+  const TestFolder folder;
+  for (const auto& [content, why] :
+       std::vector<std::pair<std::string, std::string>>{
+           {"", ": the file is empty"},
+           {"t\n", ": there are no grid lines"},
+           {"t\n...\n.\x01.\n...\n", ":3: a control character in the grid"}}) {
+    const std::string path = folder.Write("x.kdp", content);
+    Desk desk;
+    EXPECT_FALSE(OpenPuzzle(desk.state, desk.host, path));
+    EXPECT_EQ(desk.host.told.back(),
+              "error loading: " + path + "\r\n" + path + why);
+  }
+}
+
 TEST(PuzzleFile, WhatIsMissingReadsAsEmpty) {
   const TestFolder folder;
   const Puzzle puzzle = ReadPuzzle(folder.Write("a", "t\n#A.\nB\n"));

@@ -1,15 +1,21 @@
 #include "files/recovery.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <cerrno>
+#include <charconv>
 #include <filesystem>
+#include <optional>
 #include <utility>
+
+#include "base/user_folders.h"
+#include "base/write_file.h"
 
 namespace {
 
@@ -23,6 +29,58 @@ std::string WithSuffix(const fs::path& path, const char* suffix) {
   return fs::path(path).replace_extension(suffix).string();
 }
 
+// The line that names the puzzle's own file.  Where a line could end, and at
+// "%", the path has "%" and two hexadecimal digits.
+constexpr std::string_view kPathKey = "org.kelda:path=";
+
+std::string PathLine(const std::string& path) {
+  std::string line(kPathKey);
+  for (const char c : path) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code >= ' ' && c != '%') {
+      line += c;
+      continue;
+    }
+    line += '%';
+    line += "0123456789abcdef"[code / 16];
+    line += "0123456789abcdef"[code % 16];
+  }
+  return line + "\r\n";
+}
+
+// The path that a copy names; nothing for a copy of an older version.
+std::optional<std::string> PathIn(const std::string& copy, int gridSize) {
+  LineReader file(copy, Opens::RegularFiles);
+  std::string_view line;
+  for (int i = 0; i < gridSize + 2; ++i)
+    if (!file.Next(line)) return std::nullopt;
+  if (!line.starts_with(kPathKey)) return std::nullopt;
+  std::string path;
+  for (std::size_t i = kPathKey.size(); i < line.size(); ++i) {
+    int code = static_cast<unsigned char>(line[i]);
+    if (code == '%' && i + 2 < line.size()) {
+      std::from_chars(&line[i + 1], &line[i + 3], code, 16);
+      i += 2;
+    }
+    path += static_cast<char>(code);
+  }
+  return path;
+}
+
+// The process that a left-over of WriteFile belongs to, ".kelda-4711-0"; 0
+// when a name is none of its kind.
+pid_t WriterOf(const std::string& name) {
+  constexpr std::string_view kBegin = ".kelda-";
+  pid_t writer = 0;
+  if (name.starts_with(kBegin))
+    std::from_chars(&name[kBegin.size()], name.data() + name.size(), writer);
+  return std::max(writer, 0);
+}
+
+bool IsRunning(pid_t process) {
+  return kill(process, 0) == 0 || errno != ESRCH;
+}
+
 }  // namespace
 
 // RecoveryLock
@@ -30,7 +88,12 @@ std::string WithSuffix(const fs::path& path, const char* suffix) {
 RecoveryLock::RecoveryLock(const std::string& path, bool make) {
   const int flags = O_RDWR | O_CLOEXEC | O_NOFOLLOW | (make ? O_CREAT : 0);
   descriptor_ = open(path.c_str(), flags, 0600);
-  if (descriptor_ >= 0 && flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+  struct stat status;
+  // Another program may have taken and removed the file in between.
+  const bool taken = descriptor_ >= 0 &&
+                     flock(descriptor_, LOCK_EX | LOCK_NB) == 0 &&
+                     fstat(descriptor_, &status) == 0 && status.st_nlink > 0;
+  if (descriptor_ >= 0 && !taken) {
     close(descriptor_);
     descriptor_ = -1;
   }
@@ -55,27 +118,35 @@ std::string RecoveryLock::Read() const {
                   : "";
 }
 
-void RecoveryLock::Write(const std::string& text) const {
-  // A path that is lost costs nothing but its name.
-  if (ftruncate(descriptor_, 0) == 0)
-    (void)!pwrite(descriptor_, text.data(), text.size(), 0);
-}
-
 // Recovery
 
-std::string Recovery::DefaultFolder() {
-  const char* state = std::getenv("XDG_STATE_HOME");
-  if (state && *state == '/') return std::string(state) + "/kelda";
-  const char* home = std::getenv("HOME");
-  if (home && *home == '/') return std::string(home) + "/.local/state/kelda";
-  return "";
+namespace {
+
+bool IsFree(const std::string& lock) {
+  std::error_code error;
+  return !fs::exists(lock, error) || RecoveryLock(lock, false).Held();
 }
+
+// Whether a file is no copy and belongs to no running program.
+bool IsLeftover(const fs::path& path) {
+  if (const pid_t writer = WriterOf(path.filename().string()))
+    return !IsRunning(writer);
+  std::error_code error;
+  if (path.extension() == kLock)
+    return !fs::exists(WithSuffix(path, kCopy), error) && IsFree(path.string());
+  // "1-2-0.kdp.Ab3dEf", a temporary file of an older version.
+  const fs::path copy = path.parent_path() / path.stem();
+  return copy.extension() == kCopy && path.extension() != kDamaged &&
+         IsFree(WithSuffix(copy, kLock));
+}
+
+}  // namespace
 
 void Recovery::TakeLock() {
   if (folder_.empty())
     throw FileError("There is no folder for recovery copies");
   std::error_code error;
-  fs::create_directories(folder_, error);
+  MakePrivateFolder(folder_);
   const std::string stem = folder_ + "/" + std::to_string(getpid()) + "-" +
                            std::to_string(std::time(nullptr));
   for (int i = 0; i < 100; ++i) {
@@ -93,8 +164,7 @@ void Recovery::TakeLock() {
 void Recovery::Write(const std::string& puzzleText,
                      const std::string& puzzlePath) {
   if (!lock_.Held()) TakeLock();
-  lock_.Write(puzzlePath);
-  WriteFile(path_, puzzleText);
+  WriteFile(path_, puzzleText + PathLine(puzzlePath), {.mode = 0600});
 }
 
 void Recovery::Remove() {
@@ -105,9 +175,20 @@ void Recovery::Remove() {
   lock_ = RecoveryLock();
 }
 
+void Recovery::ClearLeftovers() const {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder_, error), end;
+       !error && entry != end; entry.increment(error)) {
+    std::error_code ignored;
+    if (IsLeftover(entry->path())) fs::remove(entry->path(), ignored);
+  }
+}
+
 std::vector<AbandonedCopy> Recovery::FindAbandoned() const {
   std::vector<AbandonedCopy> found;
   std::error_code error;
+  if (fs::is_directory(folder_, error)) MakePrivateFolder(folder_);
+  ClearLeftovers();
   for (fs::directory_iterator entry(folder_, error), end;
        !error && entry != end; entry.increment(error)) {
     const fs::path path = entry->path();
@@ -119,9 +200,10 @@ std::vector<AbandonedCopy> Recovery::FindAbandoned() const {
     copy.when = status.st_mtime;
     copy.lock = RecoveryLock(WithSuffix(path, kLock), true);
     if (!copy.lock.Held()) continue;
-    copy.puzzlePath = copy.lock.Read();
     try {
       copy.puzzle = ReadPuzzle(copy.path, Opens::RegularFiles);
+      copy.puzzlePath =
+          PathIn(copy.path, copy.puzzle.size).value_or(copy.lock.Read());
       found.push_back(std::move(copy));
     } catch (const FileError&) {
       std::error_code ignored;

@@ -1,10 +1,11 @@
 // Recovery copies of unsaved puzzles, so that a crash or a power cut loses
 // nothing.
 //
-// Each running program owns one copy, a plain puzzle file, and holds a lock
-// beside it for as long as it runs, which also names the puzzle's own file.
-// A copy whose lock nobody holds was left by a program that did not end well.
-// Copies come from outside: a damaged one is put aside, never trusted.
+// Each running program owns one copy and holds a lock beside it for as long
+// as it runs.  A copy is a puzzle file with one more line, which names the
+// puzzle's own file.  A copy whose lock nobody holds was left by a program
+// that did not end well.  Copies come from outside: a damaged one is put
+// aside, never trusted.  Folder and copies are for the user alone.
 
 #pragma once
 
@@ -24,9 +25,9 @@ class RecoveryLock {
   ~RecoveryLock();
 
   bool Held() const { return descriptor_ >= 0; }
-  // The text that the lock file holds.
+  // The text that the lock file holds: in older versions the path of the
+  // puzzle's own file.
   std::string Read() const;
-  void Write(const std::string& text) const;
 
  private:
   int descriptor_ = -1;
@@ -52,16 +53,15 @@ class Recovery {
   void Remove();
 
   // The copies that can be offered, newest first.  Damaged ones are put aside
-  // under another name, ".damaged".
+  // under another name, ".damaged"; what is no copy and belongs to no running
+  // program is cleared away.
   std::vector<AbandonedCopy> FindAbandoned() const;
   // Deletes what another run left.
   static void Discard(const AbandonedCopy& copy);
 
-  // The user's folder for such copies; "" when there is none.
-  static std::string DefaultFolder();
-
  private:
   void TakeLock();
+  void ClearLeftovers() const;
 
   std::string folder_;
   std::string path_;  // of this run's copy, "" until it is needed

@@ -192,7 +192,7 @@ bool PrintPuzzle(State& state, Host& host, Printer& printer, SheetMode mode) {
   try {
     // What the user edits meanwhile does not reach the paper.
     const State sheet = state;
-    DrawSheet(sheet, mode, printer.Begin(FromLatin1(sheet.Text5)), [&] {
+    DrawSheet(sheet, mode, printer.Begin(FromUnknown(sheet.Text5)), [&] {
       ++state.ProgBar.Value;
       Poll(state, host);
     });

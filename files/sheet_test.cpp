@@ -151,6 +151,12 @@ TEST(Sheet, LongTitlesAreDrawnSmallerThenBroken) {
   EXPECT_THAT(titles("A\tB\x1b"
                      "C\x85"),
               ElementsAre("text 750,0 14b A B C"));
+  // Letters of two bytes, one byte, and a break between letters only.
+  EXPECT_THAT(titles("Caf\u00e9"), ElementsAre("text 750,0 14b Caf\u00e9"));
+  EXPECT_THAT(titles("Caf\xe9"), ElementsAre("text 750,0 14b Caf\u00e9"));
+  std::string omegas;
+  for (int i = 0; i < 81; ++i) omegas += "\u03a9";
+  EXPECT_THAT(titles("a" + omegas).front(), testing::EndsWith("\u03a9"));
 }
 
 TEST(PrintPuzzle, SaysThatItIsDoneWhenThePaperIs) {

@@ -15,7 +15,7 @@ struct TitleLines {
   int pitch = 0;  // twips from line to line
 };
 
-// Fits a title (ISO 8859-1) into a width in twips.  Lines break at blanks, and
-// inside a word only where the word alone is wider.  Control characters are
-// blanks.
+// Fits a title (UTF-8 where that is valid, else ISO 8859-1) into a width in
+// twips.  Lines break at blanks, and inside a word only where the word alone is
+// wider.  Control characters are blanks.
 TitleLines FitTitle(std::string_view title, const Canvas& canvas, int width);

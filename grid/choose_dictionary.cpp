@@ -22,7 +22,11 @@ void ListStatistics(State& state, const WordTable& words) {
 
 void Read(State& state, WordTable& words, Host& host, const std::string& path,
           const std::string& shownName) {
-  ReadDictionary(state, words, host, path, Opens::RegularFiles);
+  try {
+    ReadDictionary(state, words, host, path, Opens::RegularFiles);
+  } catch (const FileNotOpened& error) {
+    host.EndProgram(error.what());
+  }
   state.Label3 = shownName;
 }
 
@@ -33,14 +37,22 @@ void ReadDictionary(State& state, WordTable& words, Host& host,
   host.Pointer(PointerShape::Hourglass);
   state.ProgBar = {0, kProgressSweep, "Reading Dictionary"};
   double& progress = state.ProgBar.Value;
-  words = ReadWords(path, what, host, [&] {
-    progress = progress < kProgressSweep ? progress + 1 : 0;
-  });
+  const auto endProgress = [&] {
+    state.ProgBar.Value = state.WordProg.Value = 0;
+    state.ProgBar.Caption = state.WordProg.Caption = "";
+    host.Pointer(PointerShape::Normal);
+  };
+  try {
+    words = ReadWords(path, what, host, [&] {
+      progress = progress < kProgressSweep ? progress + 1 : 0;
+    });
+  } catch (const FileError&) {
+    endProgress();
+    throw;
+  }
   ListStatistics(state, words);
   state.Label9 = WordCountText(words.TotalWords);
-  state.ProgBar.Value = state.WordProg.Value = 0;
-  state.ProgBar.Caption = state.WordProg.Caption = "";
-  host.Pointer(PointerShape::Normal);
+  endProgress();
 }
 
 void ChooseDictionary(State& state, WordTable& words, Host& host, int option) {

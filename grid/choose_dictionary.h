@@ -17,10 +17,11 @@ void ReadDictionary(State& state, WordTable& words, Host& host,
                     const std::string& path, Opens what = Opens::Anything);
 
 // The dictionary choice: reads level 0..2, or for 3 a file that the user
-// chooses, and says how many words it has.
+// chooses, and says how many words it has.  A list that cannot be opened
+// ends the program; throws FileError for one that cannot be read.
 void ChooseDictionary(State& state, WordTable& words, Host& host, int option);
 
-// The dictionary that the program starts with, without a message.
+// The dictionary that the program starts with, likewise but without a message.
 void ReadDefaultDictionary(State& state, WordTable& words, Host& host);
 
 // A word count as Label9 shows it: "45,678 Words", ",812 Words".

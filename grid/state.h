@@ -12,6 +12,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/file_stamp.h"
 #include "base/host.h"
 #include "grid/list_rows.h"
 #include "grid/mask_cache.h"
@@ -117,6 +118,7 @@ struct State {
   int CurrentRow = 0;        // the cell clicked last
   int CurrentCol = 0;
   std::string PuzzleFileName;  // "" before the first load or save
+  FileStamp puzzleFileStamp;   // of that file as last read or written
 
   // Captions and text boxes.
   std::string Caption;               // of the window

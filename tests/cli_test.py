@@ -69,6 +69,19 @@ class CliTest(unittest.TestCase):
         printed = self.run_cli("fill", self.ring, "--start", "9Z", status=1)
         self.assertTrue(printed.startswith("No such clue: 9Z\n"))
 
+    def test_fill_tells_of_sections_that_it_left_empty(self):
+        section = "....#....\r\n.##.#.##.\r\n.##.#.##.\r\n....#....\r\n"
+        grid = self.write("g.kdp", "\r\n" + section + "#" * 9 + "\r\n" +
+                          section)
+        out = self.folder / "out.kdp"
+        printed = self.run_cli("fill", grid, "-d", 3, "--seed", 1, "-o", out,
+                               status=1)
+        self.assertIn("Solution completed", printed)
+        empty = int(self.stderr.split()[1])
+        self.assertIn("entries are still empty", self.stderr)
+        self.assertIn(empty, (4, 8, 12))
+        self.assertEqual(out.read_text().count("."), 12 * empty // 4)
+
     def test_interrupt_halts_and_writes_what_there_is(self):
         few = self.write("few.txt", "ABBEY\nYOUTH\n")
         out = self.folder / "out.kdp"
@@ -94,9 +107,14 @@ class CliTest(unittest.TestCase):
         self.assertIn("Solution completed", self.stderr)
         self.assertEqual(self.run_cli("check", "-", stdin=filled.encode(),
                                       status=1), checked)
-        full = self.run_cli("layout", "random", "--size", 5, "--squares", 24)
+        full = self.run_cli("layout", "random", "--size", 5, "--squares", 24,
+                            status=1)
         self.assertIn("no further black square can be placed", self.stderr)
+        self.assertIn("stopped short of 24 black squares", self.stderr)
         self.assertEqual(len(full.split("\r\n")), 7)
+        self.run_cli("layout", "2x2", "--size", 9, "--no-split")
+        self.run_cli("layout", "2x2", "--size", 9, "--no-split",
+                     "--squares", 40, status=1)
 
     def test_check_names_painted_cells(self):
         grid = self.write("g.kdp", "\n" + "..#..\n" * 5)
@@ -170,6 +188,7 @@ class CliTest(unittest.TestCase):
     def test_wrong_usage(self):
         for arguments in ((), ("fill",), ("layout", "3x3"),
                           ("layout", "2x2", "--size", "12"),
+                          ("picture", self.ring, "-o", "-", "--scale", "nan"),
                           ("match", "C?+", "-d", "1"),
                           ("fill", "x", "--tries", "maybe"), ("frobnicate",)):
             self.run_cli(*arguments, status=2)

@@ -234,7 +234,7 @@ bool RunAction(App& app, MayRun mayRun, const std::function<void()>& action) {
   try {
     action();
   } catch (const FileError& error) {
-    app.host.EndProgram(error.what());
+    app.host.Tell(error.what());
   }
   return true;
 }

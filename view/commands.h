@@ -33,8 +33,8 @@ const Command* FindCommand(std::string_view control);
 // The row of a control, which must have one.
 const Command& CommandOf(std::string_view control);
 
-// Runs a command if it may run now; returns whether it did.  A file that
-// cannot be read or written ends the program with a plain message.
+// Runs a command if it may run now; returns whether it did.  Tells of a file
+// that cannot be read or written.
 bool RunCommand(App& app, const Command& command);
 
 // The same for an action that no button stands for, like a click on the grid

@@ -60,7 +60,7 @@ TEST(Commands, ATaskIsNotEnteredAgainButMayBeHalted) {
   EXPECT_LT(app.state.BlackSquareCount, 59);
 }
 
-TEST(Commands, AFileThatFailsEndsTheProgramWithItsName) {
+TEST(Commands, AWordListThatCannotBeOpenedEndsTheProgramWithItsName) {
   const TestFolder folder;
   Program program;
   program.host.script = {{"Select a Dictionary file", folder.Path("gone")}};
@@ -71,6 +71,20 @@ TEST(Commands, AFileThatFailsEndsTheProgramWithItsName) {
     EXPECT_NE(ended.why.find("gone: cannot be opened"), std::string::npos);
   }
   EXPECT_FALSE(program.app.taskRuns);
+}
+
+TEST(Commands, AWordListThatIsNoTextIsToldAndTheProgramGoesOn) {
+  const TestFolder folder;
+  Program program;
+  program.Press("DictOpt(0)");
+  const int words = program.app.words.TotalWords;
+  const std::string picture = folder.Write("a.png", std::string(100, '\x01'));
+  program.host.script = {{"Select a Dictionary file", picture}};
+  program.Press("DictOpt(3)");
+  EXPECT_EQ(program.host.told.back(), picture + ": this is not a text file");
+  EXPECT_EQ(program.app.words.TotalWords, words);
+  EXPECT_EQ(program.host.pointer, PointerShape::Normal);
+  EXPECT_EQ(program.app.state.ProgBar.Caption, "");
 }
 
 namespace {

@@ -31,8 +31,8 @@ void ShowInFront(QWidget* window) {
 }  // namespace
 
 void MainWindow::Start(const std::string& file) {
+  Act(MayRun::WhenIdle, [&] { StartUp(app_); });
   Act(MayRun::WhenIdle, [&] {
-    StartUp(app_);
     NoteSaved(app_);
     if (!file.empty() && OpenPuzzle(app_.state, app_.host, file))
       NoteSaved(app_);
@@ -193,7 +193,7 @@ void MainWindow::OfferRecovery() {
     MessageBox box(
         tr("Kelda did not end as it should, and kept the unsaved "
            "puzzle \"%1\" of %2.")
-            .arg(FromTitle(copy.puzzle.title),
+            .arg(FromBytes(copy.puzzle.title),
                  QLocale().toString(QDateTime::fromSecsSinceEpoch(copy.when),
                                     QLocale::ShortFormat)),
         this);
@@ -215,6 +215,7 @@ void MainWindow::OfferRecovery() {
       if (!MayLeavePuzzle(app_)) return;
       ShowPuzzle(app_.state, app_.host, copy.puzzle);
       app_.state.PuzzleFileName = copy.puzzlePath;
+      app_.state.puzzleFileStamp = StampOf(copy.puzzlePath);
       app_.state.Caption =
           copy.puzzlePath.empty() ? "" : "Puzzle File: " + copy.puzzlePath;
       app_.savedText.clear();

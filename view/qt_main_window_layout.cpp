@@ -9,7 +9,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include "controls/plain_text.h"
@@ -179,17 +178,7 @@ void MainWindow::ConnectEdits() {
 }
 
 void MainWindow::EditTitle(const QString& text) {
-  QString lost;
-  const QString fit = FitForTitle(text, lost);
-  if (!lost.isEmpty()) {
-    QToolTip::showText(
-        Text5_->mapToGlobal(QPoint(8, Text5_->height())),
-        PlainTip(tr("A title takes Western European letters only. "
-                    "Left out: %1")
-                     .arg(lost)),
-        Text5_);
-  }
-  app_.state.Text5 = ToTitle(fit);
+  app_.state.Text5 = ToTitle(text);
   ShowState();
 }
 

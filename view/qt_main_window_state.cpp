@@ -50,7 +50,7 @@ void Enable(QWidget* widget, bool enabled) {
 
 void MainWindow::ShowState() {
   const State& state = app_.state;
-  Show(Text5_, FromTitle(state.Text5));
+  Show(Text5_, FromBytes(state.Text5));
   Show(frames_->Text2, FromBytes(state.Text2));
   Show(frames_->Text3, FromBytes(state.Text3));
   Show(frames_->Text4, FromBytes(state.Text4));

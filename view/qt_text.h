@@ -6,14 +6,10 @@
 #include <string>
 #include <string_view>
 
-// A message: UTF-8 where it is valid, else ISO 8859-1 (as a word taken from
-// the grid may be).
+// A text of the program: UTF-8 where it is valid, else ISO 8859-1 (as a word
+// taken from the grid and a puzzle's title may be).
 QString FromBytes(std::string_view text);
 
-// A title: single-byte, ISO 8859-1.
-QString FromTitle(std::string_view title);
+// A title as puzzle files have it: one byte a character where that reads as
+// the same text again, else UTF-8.
 std::string ToTitle(const QString& text);
-
-// A text as titles can hold it: curly quotes and long dashes become plain
-// ones.  What has no counterpart is left out and collected in `lost`.
-QString FitForTitle(const QString& text, QString& lost);

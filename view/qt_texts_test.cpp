@@ -52,7 +52,8 @@ TEST(Texts, PuzzlesAndPathsOpenNothing) {
   desk.host.AskText(hostile, hostile, hostile);
   {
     Recovery ended(desk.Folder() + "/state");
-    ended.Write(hostile + "\r\n.....\r\n", "/" + hostile + "/a.kdp");
+    ended.Write(hostile + "\r\n...\r\n...\r\n...\r\n",
+                "/" + hostile + "/a.kdp");
   }
   desk.answers = {"Discard"};
   desk.window->Start("");

@@ -30,13 +30,11 @@ class AsDrawn {
 
 bool Save(App& app) {
   State& state = app.state;
-  if (state.PuzzleFileName.empty()) {
-    if (!SavePuzzleAs(state, app.host)) return false;
-  } else {
-    WriteFile(state.PuzzleFileName, PuzzleText(state));
-  }
-  NoteSaved(app);
-  return true;
+  const bool saved = state.PuzzleFileName.empty()
+                         ? SavePuzzleAs(state, app.host)
+                         : SaveInItsFile(state, app.host);
+  if (saved) NoteSaved(app);
+  return saved;
 }
 
 }  // namespace
@@ -53,7 +51,8 @@ void NoteSaved(App& app) {
 bool HasUnsavedWork(const App& app) {
   const State& state = app.state;
   if (state.PuzzleFileName.empty() && !HasContent(state)) return false;
-  return WorkText(state) != app.savedText;
+  return WorkText(state) != app.savedText ||
+         HasVanished(state.puzzleFileStamp, state.PuzzleFileName);
 }
 
 bool MayLeavePuzzle(App& app) {
