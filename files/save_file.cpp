@@ -36,6 +36,10 @@ bool SaveFile(Host& host, const std::string& path,
   host.Pointer(PointerShape::Hourglass);
   std::string failure;
   try {
+    std::error_code error;
+    // It would be waited for until somebody reads it.
+    if (std::filesystem::is_fifo(path, error))
+      throw FileError(path + ": cannot be written: this is a pipe");
     WriteFile(path, make(), {.replaceProtected = true});
   } catch (const FileError& error) {
     failure = error.what();

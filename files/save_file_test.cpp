@@ -39,10 +39,14 @@ TEST(SaveFile, TellsWhyItCouldNot) {
   const std::string path = desk.folder.Path("none/a");
   EXPECT_FALSE(desk.Save(path));
   EXPECT_FALSE(desk.Save("/dev/full"));
+  const std::string pipe = desk.folder.Path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_FALSE(desk.Save(pipe));
   EXPECT_THAT(
       desk.host.told,
       ElementsAre(path + ": cannot be written: there is no such folder",
-                  "/dev/full: cannot be written: No space left on device"));
+                  "/dev/full: cannot be written: No space left on device",
+                  pipe + ": cannot be written: this is a pipe"));
   EXPECT_EQ(desk.host.pointer, PointerShape::Normal);
 }
 
