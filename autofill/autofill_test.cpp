@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <chrono>
-#include <thread>
+#include <ctime>
 
 #include "autofill/check_fill.h"
 #include "autofill/testing.h"
@@ -130,23 +129,30 @@ TEST(Fill, IsTheSameOnAnyNumberOfThreads) {
   }
 }
 
+double ProcessorSeconds() {
+  timespec time;
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + 1e-9 * time.tv_nsec;
+}
+
+// Of processor time, as the machine may be busy with something else.
 TEST(Fill, StopsWithinATenthOfASecond) {
-  using Clock = std::chrono::steady_clock;
   const Problem problem = ReadGrid("am15-09.txt");
   Options options;
   options.threads = 2;
-  Clock::time_point asked{};
+  double asked = 0;
   std::stop_source stop;
   const Result result = Fill(problem, Level2(), options, stop.get_token(),
                              [&](const Progress& p) {
                                if (p.seconds < 0.3) return;
-                               if (stop.request_stop()) asked = Clock::now();
+                               if (stop.request_stop())
+                                 asked = ProcessorSeconds();
                              });
-  std::chrono::duration<double> delay = Clock::now() - asked;
+  const double delay = ProcessorSeconds() - asked;
   EXPECT_EQ(result.status, Status::Stopped);
   EXPECT_EQ(result.letters, problem.letters);
-  // The slack is for the checked builds on a busy machine.
-  EXPECT_LT(delay.count(), 1.0);
+  EXPECT_GT(asked, 0);
+  EXPECT_LT(delay, 0.1);
 }
 
 TEST(FillBest, ProvesThatNothingScoresMore) {

@@ -64,14 +64,14 @@ RC_GTEST_PROP(Kernels, BitsetsAsBlockByBlock, (unsigned seed)) {
             (meets == wanted.end() ? -1 : meets - wanted.begin()));
 }
 
-// Words of one length between 1 and 51, with what is asked of them.
+// Words of one length, with what is asked of them.
 struct Words {
   int length, lanes, count;
   std::vector<uint32_t> rows, mask;
   std::vector<int> list;
 
-  explicit Words(std::mt19937_64& random)
-      : length(1 + static_cast<int>(random() % kLongestWord)),
+  Words(std::mt19937_64& random, int length)
+      : length(length),
         lanes((length + 3) / 4 * 4),
         count(1 + static_cast<int>(random() % 100)),
         rows(static_cast<size_t>(count) * lanes),
@@ -93,9 +93,7 @@ struct Words {
   }
 };
 
-RC_GTEST_PROP(Kernels, CollectAliveAsWordByWord, (unsigned seed)) {
-  std::mt19937_64 random(seed);
-  Words words(random);
+void CheckCollectAlive(const Words& words) {
   Bits bits(2);
   std::vector<int> wanted, out(words.count);
   for (int word : words.list) {
@@ -107,13 +105,11 @@ RC_GTEST_PROP(Kernels, CollectAliveAsWordByWord, (unsigned seed)) {
                         WordView{size, nullptr, bits.data(), 2}}) {
     int found = CollectAlive(view, words.rows.data(), words.lanes,
                              words.mask.data(), out.data());
-    RC_ASSERT(std::vector(out.begin(), out.begin() + found) == wanted);
+    EXPECT_EQ(std::vector(out.begin(), out.begin() + found), wanted);
   }
 }
 
-RC_GTEST_PROP(Kernels, FilterListAsWordByWord, (unsigned seed)) {
-  std::mt19937_64 random(seed);
-  Words words(random);
+void CheckFilterList(std::mt19937_64& random, const Words& words) {
   std::vector<uint32_t> allowed(words.lanes), union_(words.lanes),
       united(words.lanes);
   std::vector<uint8_t> positions;
@@ -136,16 +132,14 @@ RC_GTEST_PROP(Kernels, FilterListAsWordByWord, (unsigned seed)) {
       {words.rows.data(), words.lanes, allowed.data(), positions.data(),
        static_cast<int>(positions.size()), usedBy.data()},
       list.data(), static_cast<int>(list.size()), united.data());
-  RC_ASSERT(std::set(list.begin(), list.begin() + kept) == wanted);
-  RC_ASSERT(united == union_);
+  EXPECT_EQ(std::set(list.begin(), list.begin() + kept), wanted);
+  EXPECT_EQ(united, union_);
   // The others are still there, behind.
   std::sort(list.begin(), list.end());
-  RC_ASSERT(list == words.list);
+  EXPECT_EQ(list, words.list);
 }
 
-RC_GTEST_PROP(Kernels, AddWeightsAsWordByWord, (unsigned seed)) {
-  std::mt19937_64 random(seed);
-  Words words(random);
+void CheckAddWeights(std::mt19937_64& random, const Words& words) {
   std::vector<uint8_t> letters, scores(words.count), places;
   for (int word = 0; word < words.count; ++word) {
     for (int p = 0; p < words.length; ++p) {
@@ -179,7 +173,21 @@ RC_GTEST_PROP(Kernels, AddWeightsAsWordByWord, (unsigned seed)) {
                 places.data(), static_cast<int>(places.size()), weights.data()},
                view, sums.data());
     for (size_t i = 0; i < sums.size(); ++i) {
-      RC_ASSERT(std::abs(sums[i] - wanted[i]) <= 1e-5f * wanted[i]);
+      EXPECT_NEAR(sums[i], wanted[i], 1e-5f * wanted[i]);
+    }
+  }
+}
+
+// The loops are unrolled for some lengths and numbers of places: each is tried.
+TEST(Kernels, OfEachLengthDoAsWordByWord) {
+  std::mt19937_64 random(1);
+  for (int length = 1; length <= kLongestWord; ++length) {
+    SCOPED_TRACE(length);
+    for (int i = 0; i < 8; ++i) {
+      const Words words(random, length);
+      CheckCollectAlive(words);
+      CheckFilterList(random, words);
+      CheckAddWeights(random, words);
     }
   }
 }

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
 #include <thread>
+#include <utility>
 
 namespace autofill {
 
@@ -44,13 +46,30 @@ Outcome Portfolio::Run(const std::function<bool()>& stop) {
 void Portfolio::RunRound(int64_t work, int count) {
   next_ = 0;
   decided_ = kSearches;
-  int helpers = std::min(threads_, count) - 1;
+  const int helpers = std::min(threads_, count) - 1;
   std::vector<std::thread> threads;
-  for (int i = 0; i < helpers; ++i) {
-    threads.emplace_back([=, this] { RunTasks(work, count); });
+  threads.reserve(std::max(helpers, 0));
+  try {
+    for (int i = 0; i < helpers; ++i)
+      threads.emplace_back([=, this] { TryTasks(work, count); });
+  } catch (const std::exception&) {
+    // Where no more threads can start, fewer do the work.
   }
-  RunTasks(work, count);
+  TryTasks(work, count);
   for (std::thread& thread : threads) thread.join();
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+// What goes wrong in a thread, as when there is no memory, ends the round and
+// is thrown where that was begun.
+void Portfolio::TryTasks(int64_t work, int count) {
+  try {
+    RunTasks(work, count);
+  } catch (...) {
+    const std::lock_guard lock(mutex_);
+    failure_ = std::current_exception();
+    stopped_ = true;
+  }
 }
 
 void Portfolio::RunTasks(int64_t work, int count) {

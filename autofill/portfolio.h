@@ -10,6 +10,7 @@
 #pragma once
 
 #include <atomic>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -33,6 +34,7 @@ class Portfolio {
 
  private:
   void RunRound(int64_t work, int count);
+  void TryTasks(int64_t work, int count);
   void RunTasks(int64_t work, int count);
   bool Poll(int number);
   void ShareLetters();
@@ -49,6 +51,7 @@ class Portfolio {
   std::atomic<bool> stopped_{false};
   const std::function<bool()>* stop_ = nullptr;
   std::mutex mutex_;
+  std::exception_ptr failure_;
 };
 
 }  // namespace autofill

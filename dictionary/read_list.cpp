@@ -136,6 +136,14 @@ std::string LoadReport::Text() const {
   return why.empty() ? text : text + why + ")";
 }
 
+static void CheckSize(const WordListBuilder& builder,
+                      const LineReader& reader) {
+  if (builder.Words() > kMostWords)
+    reader.Fail("the lists have more than 2,000,000 words");
+  if (builder.Bytes() > kMostBytes)
+    reader.Fail("the lists take more than 1,000 MB of memory");
+}
+
 LoadReport ReadList(const std::string& path, int minimum, int number,
                     WordListBuilder& builder) {
   LoadReport report;
@@ -161,6 +169,7 @@ LoadReport ReadList(const std::string& path, int minimum, int number,
       ++report.repeated;
     } else {
       ++(line.score >= minimum ? report.taken : report.below);
+      CheckSize(builder, reader);
     }
   }
   return report;

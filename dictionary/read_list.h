@@ -51,6 +51,7 @@ void ParseLine(std::string_view text, ListLine& line);
 bool FoldWord(std::string_view text, std::string& word);
 
 // Adds a list to the builder; `number` tells the lists apart.  Throws
-// FileError for what can't be read or isn't text.
+// FileError for what can't be read or isn't text, and with the line where the
+// lists are too large.
 LoadReport ReadList(const std::string& path, int minimum, int number,
                     WordListBuilder& builder);

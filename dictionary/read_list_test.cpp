@@ -149,6 +149,41 @@ TEST(ReadList, StreamsTenMillionLines) {
   EXPECT_EQ(report.taken, 2);
 }
 
+TEST(ReadList, MoreThanTwoMillionWordsAreRefused) {
+  TemporaryFile file("");
+  {
+    std::ofstream out(file.Path(), std::ios::binary);
+    for (int i = 0; i <= kMostWords; ++i) {
+      std::string word = "AAAAA\n";
+      for (int rest = i, p = 0; p < 5; rest /= 26, ++p)
+        word[p] = static_cast<char>('A' + rest % 26);
+      out << word;
+    }
+  }
+  WordListBuilder builder;
+  try {
+    ReadList(file.Path(), 0, 0, builder);
+    FAIL();
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.what(), file.Path() +
+                                ":2000001: the lists have more than "
+                                "2,000,000 words");
+  }
+}
+
+TEST(WordList, SaysWhatLeastScoreKeepsAWordFromBeingUsed) {
+  WordListBuilder builder;
+  builder.Add("CAT", 40, 60);
+  builder.Add("COT", 30, 50, 1);
+  builder.Add("CUT", 70, 60);
+  const WordList list = builder.Build();
+  EXPECT_EQ(list.LeastScoreAsked("C?T", 0), 50);
+  EXPECT_EQ(list.LeastScoreAsked("CA?", 0), 60);
+  EXPECT_EQ(list.LeastScoreAsked("CU?", 0), 0);
+  EXPECT_EQ(list.LeastScoreAsked("CU?", 80), 80);
+  EXPECT_EQ(list.LeastScoreAsked("DOG", 80), 0);
+}
+
 RC_GTEST_PROP(WordList, HoldsEachWordOnceBestScoreFirst,
               (const std::vector<std::pair<int, int>>& entries)) {
   WordListBuilder builder;

@@ -119,6 +119,13 @@ void WordListBuilder::Grow() {
   }
 }
 
+// A word's text and places here; in the list its score, letters, row and bits.
+static int64_t BytesOf(int64_t length) {
+  constexpr int64_t kPlaces = 24, kScore = 1;
+  return kPlaces + kScore + 2 * length + 4 * (length + 3) +
+         kLetters * length / 8;
+}
+
 bool WordListBuilder::Add(std::string_view word, int score, int minimum,
                           int list) {
   assert(word.size() >= kShortestWord && word.size() <= kLongestWord);
@@ -136,6 +143,7 @@ bool WordListBuilder::Add(std::string_view word, int score, int minimum,
                       static_cast<uint8_t>(word.size()),
                       static_cast<uint8_t>(score), static_cast<uint8_t>(list),
                       static_cast<uint8_t>(minimum)});
+  bytes_ += BytesOf(word.size());
   text_.insert(text_.end(), word.begin(), word.end());
   places_[place] = static_cast<uint32_t>(entries_.size());
   if (entries_.size() * 2 > places_.size()) Grow();

@@ -19,6 +19,8 @@ constexpr int kLongestWord = 51;
 constexpr int kLetters = 26;
 constexpr int kBestScore = 100;
 constexpr int kPlainScore = 50;
+constexpr int kMostWords = 2'000'000;  // of all lists together
+constexpr int64_t kMostBytes = 1'000'000'000;
 constexpr uint32_t kAllLetters = (1u << kLetters) - 1;
 
 // The words of one length.
@@ -86,6 +88,9 @@ class WordListBuilder {
   // Within one list (numbered from 0) the best score of a word counts.
   // Says whether the word is new.
   bool Add(std::string_view word, int score, int minimum, int list = 0);
+  int Words() const { return static_cast<int>(entries_.size()); }
+  // What the words and the list made of them take.
+  int64_t Bytes() const { return bytes_; }
   WordList Build();
 
  private:
@@ -105,4 +110,5 @@ class WordListBuilder {
   std::vector<char> text_;
   std::vector<Entry> entries_;
   std::vector<uint32_t> places_;  // open addressing: entry + 1, or 0
+  int64_t bytes_ = 0;
 };
