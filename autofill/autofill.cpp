@@ -91,9 +91,8 @@ std::string Why(const std::vector<Culprit>& culprits, const WordList& words,
     return text(culprits[0]) + " " +
            WhyNone(culprits[0].mask, words, board, minimum);
   std::string why = "no words fit " + text(culprits[0]);
-  for (size_t i = 1; i + 1 < culprits.size(); ++i) {
+  for (size_t i = 1; i + 1 < culprits.size(); ++i)
     why += ", " + text(culprits[i]);
-  }
   return why + " and " + text(culprits.back()) + " together";
 }
 
@@ -108,9 +107,8 @@ void Blame(const Board& board, const WordList& words, const Limits& limits,
   int64_t work = 4 * portfolio.Winner().Work() + 10'000;
   auto culprits = FindCulprits(board, words, limits, order, work,
                                [&] { return watch.Stop(); });
-  for (int e : culprits) {
+  for (const int e : culprits)
     result.culprits.push_back({board.Entries()[e].name, board.Mask(e)});
-  }
   result.why = Why(result.culprits, words, board, limits.minimum);
 }
 
@@ -125,7 +123,7 @@ void TakeFill(const Search& search, const Problem& problem,
   const Store& store = search.State();
   for (int e = 0; e < store.GetBoard().EntryCount(); ++e) {
     if (!store.Ours(e)) continue;
-    int score = store.TableOf(e).scores[store.WordOf(e)];
+    const int score = store.TableOf(e).scores[store.WordOf(e)];
     result.lowestScore = std::min(result.lowestScore, score);
     sum += score;
     ++count;
@@ -140,12 +138,12 @@ Result FillWith(const Problem& problem, const Board& board,
                 std::vector<int>* fill) {
   Result result;
   result.letters = problem.letters;
-  double start = watch.Seconds();
+  const double start = watch.Seconds();
   settings.limits = LimitsOf(options);
   settings.seed = options.seed;
   if (FindTwins(board, result)) return result;
   Portfolio portfolio(board, words, settings, ThreadsOf(options));
-  Outcome outcome = portfolio.Run([&] { return watch.Stop(); });
+  const Outcome outcome = portfolio.Run([&] { return watch.Stop(); });
   result.seconds = watch.Seconds() - start;
   result.statistics = portfolio.Statistics();
   if (outcome == Outcome::Filled) {
@@ -154,9 +152,8 @@ Result FillWith(const Problem& problem, const Board& board,
     if (fill) *fill = portfolio.Winner().Words();
   } else if (outcome == Outcome::Impossible) {
     result.status = Status::Impossible;
-    if (settings.earlier.empty()) {
+    if (settings.earlier.empty())
       Blame(board, words, settings.limits, portfolio, watch, result);
-    }
   }
   return result;
 }
@@ -184,7 +181,7 @@ BestResult FillBest(const Problem& problem, const WordList& words,
                     const Options& options, std::stop_token stop,
                     const OnProgress& onProgress) {
   Watch watch(options.seconds, std::move(stop), onProgress);
-  Board board(problem);
+  const Board board(problem);
   Options now = options;
   BestResult best;
   best.fill = FillWith(problem, board, words, now, {}, watch, nullptr);
@@ -194,7 +191,8 @@ BestResult FillBest(const Problem& problem, const WordList& words,
       best.proved = true;
       break;
     }
-    Result next = FillWith(problem, board, words, now, {}, watch, nullptr);
+    const Result next =
+        FillWith(problem, board, words, now, {}, watch, nullptr);
     if (next.status != Status::Filled) {
       best.proved = next.status == Status::Impossible;
       best.fill.culprits = next.culprits;
@@ -211,7 +209,7 @@ SeveralResult FillSeveral(const Problem& problem, const WordList& words,
                           const Options& options, int count, int differ,
                           std::stop_token stop, const OnProgress& onProgress) {
   Watch watch(options.seconds, std::move(stop), onProgress);
-  Board board(problem);
+  const Board board(problem);
   Search::Settings settings;
   settings.differ = std::max(1, differ);
   SeveralResult several;
@@ -227,9 +225,8 @@ SeveralResult FillSeveral(const Problem& problem, const WordList& words,
   }
   std::stable_sort(several.fills.begin(), several.fills.end(),
                    [](const Result& a, const Result& b) {
-                     if (a.lowestScore != b.lowestScore) {
+                     if (a.lowestScore != b.lowestScore)
                        return a.lowestScore > b.lowestScore;
-                     }
                      return a.meanScore > b.meanScore;
                    });
   return several;

@@ -13,7 +13,7 @@ namespace {
 
 RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
   std::mt19937 random(seed);
-  int letters = 2 + random() % 4;
+  const int letters = 2 + random() % 4;
   auto words = RandomWords(random, 5 + random() % 60, letters, 4);
   Document document = RandomShape(random, letters);
   for (const std::string& word : words)
@@ -22,10 +22,10 @@ RC_GTEST_PROP(Fill, FindsAFillExactlyWhenThereIsOne, (unsigned seed)) {
   Options options;
   options.seed = seed;
   options.shared = random() % 2 ? 0 : 2 + random() % 3;
-  WordList list = ListOf(words);
-  Result result = Fill(problem, list, options);
+  const WordList list = ListOf(words);
+  const Result result = Fill(problem, list, options);
   RC_ASSERT(result.status != Status::Stopped);
-  bool exists = PlainFill(problem, words, options.shared).Exists();
+  const bool exists = PlainFill(problem, words, options.shared).Exists();
   RC_ASSERT((result.status == Status::Filled) == exists);
   if (exists) {
     RC_ASSERT(FindFault(problem, result.letters, list, 0, options.shared) ==
@@ -41,10 +41,10 @@ RC_GTEST_PROP(Fill, NamesNoMoreEntriesThanAreNeeded, (unsigned seed)) {
   std::mt19937 random(seed);
   auto words = RandomWords(random, 12, 3);
   const Problem problem = ProblemOf(RandomShape(random, 3));
-  WordList list = ListOf(words);
-  Result result = Fill(problem, list, {});
+  const WordList list = ListOf(words);
+  const Result result = Fill(problem, list, {});
   RC_PRE(result.status == Status::Impossible);
-  Board board(problem);
+  const Board board(problem);
   std::vector<int> culprits;
   for (const Culprit& culprit : result.culprits) {
     culprits.push_back(board.Find(culprit.entry));
@@ -54,11 +54,11 @@ RC_GTEST_PROP(Fill, NamesNoMoreEntriesThanAreNeeded, (unsigned seed)) {
   for (size_t without = 0; without <= culprits.size(); ++without) {
     Search::Settings settings;
     settings.limits.active.assign(board.EntryCount(), 0);
-    for (size_t i = 0; i < culprits.size(); ++i) {
+    for (size_t i = 0; i < culprits.size(); ++i)
       settings.limits.active[culprits[i]] = i != without;
-    }
     Search search(board, list, settings);
-    bool fills = search.Run(1 << 30, [] { return false; }) == Outcome::Filled;
+    const bool fills =
+        search.Run(1 << 30, [] { return false; }) == Outcome::Filled;
     RC_ASSERT(fills == (without < culprits.size()));
   }
 }
@@ -81,7 +81,7 @@ TEST(Fill, SaysWhyNot) {
        "no words fit 1A (C?\?) and 1D (C?T) together"},
   };
   for (const Case& c : cases) {
-    Result result = Fill(ProblemOf(c.rows), ListOf(c.words), {});
+    const Result result = Fill(ProblemOf(c.rows), ListOf(c.words), {});
     EXPECT_EQ(result.status, Status::Impossible);
     EXPECT_EQ(result.why, c.why);
   }
@@ -119,7 +119,7 @@ TEST(Fill, IsTheSameOnAnyNumberOfThreads) {
     Options options;
     options.seconds = 500;
     std::vector<Result> results;
-    for (int threads : {1, 2, 4}) {
+    for (const int threads : {1, 2, 4}) {
       options.threads = threads;
       results.push_back(Fill(problem, Level2(), options));
       EXPECT_EQ(results.back().status, Status::Filled);
@@ -169,7 +169,7 @@ TEST(FillBest, ProvesThatNothingScoresMore) {
 
 RC_GTEST_PROP(FillSeveral, FindsAllFillsThatDiffer, (unsigned seed)) {
   std::mt19937 random(seed);
-  int letters = 2 + random() % 3;
+  const int letters = 2 + random() % 3;
   auto words = RandomWords(random, 10 + random() % 30, letters);
   const Problem problem = ProblemOf(RandomGrid(random, letters));
   int ours = 0;
@@ -177,10 +177,10 @@ RC_GTEST_PROP(FillSeveral, FindsAllFillsThatDiffer, (unsigned seed)) {
     ours += !IsComplete(problem.letters, entry);
   RC_PRE(ours > 0);
   constexpr int kLimit = 20;
-  int differ = random() % 2 ? 1 : 1 + static_cast<int>(random() % ours);
+  const int differ = random() % 2 ? 1 : 1 + static_cast<int>(random() % ours);
   SeveralResult several =
       FillSeveral(problem, ListOf(words), {}, kLimit, differ);
-  int found = static_cast<int>(several.fills.size());
+  const int found = static_cast<int>(several.fills.size());
   if (differ == 1) RC_ASSERT(found == PlainFill(problem, words).Count(kLimit));
   for (size_t i = 0; i < several.fills.size(); ++i) {
     for (size_t j = 0; j < i; ++j) {
@@ -191,13 +191,11 @@ RC_GTEST_PROP(FillSeveral, FindsAllFillsThatDiffer, (unsigned seed)) {
       RC_ASSERT(different >= differ);
     }
   }
-  if (found < kLimit) {
-    RC_ASSERT(several.last.status == Status::Impossible);
-  }
+  if (found < kLimit) RC_ASSERT(several.last.status == Status::Impossible);
 }
 
 TEST(FillSeveral, CountsWhatIsThere) {
-  WordList list = ListOf({"CAT", "COT", "CUT"});
+  const WordList list = ListOf({"CAT", "COT", "CUT"});
   EXPECT_EQ(FillSeveral(ProblemOf(Rows{"C.T"}), list, {}, 5, 1).fills.size(),
             3u);
   EXPECT_EQ(
@@ -212,7 +210,7 @@ TEST(Suggest, ListsWhatFitsWithScoresAndChoices) {
   builder.Add("OWL", 50, 0);
   builder.Add("OAR", 50, 0);
   builder.Add("TEN", 50, 0);
-  WordList list = builder.Build();
+  const WordList list = builder.Build();
   Suggestions found =
       Suggest(ProblemOf({"C.T", "#.#", "#.#"}), list, {}, "1A", 10);
   ASSERT_EQ(found.words.size(), 2u);

@@ -21,10 +21,9 @@ constexpr float kScorePrior = 0.02f;
 static const float* Priors() {
   static const auto priors = [] {
     std::array<float, kBestScore + 1> values;
-    for (int score = 0; score <= kBestScore; ++score) {
+    for (int score = 0; score <= kBestScore; ++score)
       values[score] =
           std::exp(kScorePrior * static_cast<float>(score - kBestScore));
-    }
     return values;
   }();
   return priors.data();
@@ -39,10 +38,9 @@ Beliefs::Beliefs(const Store& store)
       rootMessages_(messages_) {
   const Board& board = store.GetBoard();
   for (int p = 0; p < board.PositionCount(); ++p) {
-    int crossing = board.CellOf(p) < 0 ? -1 : board.Crossing(p);
-    if (crossing >= 0 && store.Ours(board.EntryOf(crossing))) {
+    const int crossing = board.CellOf(p) < 0 ? -1 : board.Crossing(p);
+    if (crossing >= 0 && store.Ours(board.EntryOf(crossing)))
       partner_[p] = crossing;
-    }
   }
 }
 
@@ -52,17 +50,16 @@ void Beliefs::BeginWithCounts() {
   told_.assign(board.EntryCount(), {});
   for (int e = 0; e < board.EntryCount(); ++e) {
     if (store_.Done(e)) continue;
-    float size = static_cast<float>(store_.SizeOf(e));
+    const float size = static_cast<float>(store_.SizeOf(e));
     told_[e].size = store_.SizeOf(e);
     for (int i = 0; i < board.Entries()[e].length; ++i) {
-      int position = board.Entries()[e].first + i;
+      const int position = board.Entries()[e].first + i;
       if (partner_[position] < 0) continue;
       int counts[kLetters];
       float values[kLetters];
       store_.CountLetters(e, position, counts);
-      for (int letter = 0; letter < kLetters; ++letter) {
+      for (int letter = 0; letter < kLetters; ++letter)
         values[letter] = static_cast<float>(counts[letter]) * kLetters / size;
-      }
       SetMessage(position, values);
     }
   }
@@ -76,9 +73,9 @@ void Beliefs::Rewind() {
 
 // What has changed since the entry told, in tolerances.
 float Beliefs::News(int entry) const {
-  float size = static_cast<float>(store_.SizeOf(entry));
-  float then = static_cast<float>(told_[entry].size);
-  float change = std::abs(size - then) / std::min(size, then);
+  const float size = static_cast<float>(store_.SizeOf(entry));
+  const float then = static_cast<float>(told_[entry].size);
+  const float change = std::abs(size - then) / std::min(size, then);
   return (told_[entry].change + change) /
          (kTolerance + kTolerancePerWord * size);
 }
@@ -88,7 +85,7 @@ int Beliefs::MostToTell() const {
   float mostNews = 1;
   for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
     if (store_.Done(e)) continue;
-    float news = News(e);
+    const float news = News(e);
     if (news > mostNews) most = e, mostNews = news;
   }
   return most;
@@ -97,12 +94,12 @@ int Beliefs::MostToTell() const {
 bool Beliefs::Settle(int64_t words) {
   if (told_.empty()) BeginWithCounts();
   int64_t end = wordsRead_ + words;
-  float each = store_.Level() == 0 ? kTellsAtRoot : kTells;
+  const float each = store_.Level() == 0 ? kTellsAtRoot : kTells;
   auto most = static_cast<int>(
       std::ceil(each * static_cast<float>(store_.GetBoard().EntryCount())));
   for (; tells_ < most; ++tells_) {
     if (wordsRead_ >= end) return false;
-    int entry = MostToTell();
+    const int entry = MostToTell();
     if (entry < 0) break;
     Tell(entry);
   }
@@ -118,16 +115,15 @@ bool Beliefs::Settle(int64_t words) {
 // product; without it, it is what the other cells say.
 void Beliefs::Tell(int entry) {
   const LengthTable& table = store_.TableOf(entry);
-  int first = store_.GetBoard().Entries()[entry].first;
+  const int first = store_.GetBoard().Entries()[entry].first;
   uint8_t places[kLongestWord];
   alignas(64) float weights[kLongestWord * kLetterStride];
   alignas(64) float sums[kLongestWord * kLetterStride];
   int count = 0;
   for (int p = 0; p < table.length; ++p) {
-    int partner = partner_[first + p];
-    if (partner < 0 || std::has_single_bit(store_.LettersAt(first + p))) {
+    const int partner = partner_[first + p];
+    if (partner < 0 || std::has_single_bit(store_.LettersAt(first + p)))
       continue;
-    }
     for (int letter = 0; letter < kLetters; ++letter) {
       weights[count * kLetterStride + letter] =
           std::max(messages_[partner * kLetterStride + letter], kLeast);
@@ -148,13 +144,11 @@ void Beliefs::Tell(int entry) {
 
 void Beliefs::Send(int position, const float* weights, float* sums) {
   float total = 0;
-  for (int letter = 0; letter < kLetters; ++letter) {
+  for (int letter = 0; letter < kLetters; ++letter)
     total += sums[letter] /= weights[letter];
-  }
   if (!(total > 0 && total < 1e35f)) return;  // out of range: says nothing new
-  for (int letter = 0; letter < kLetters; ++letter) {
+  for (int letter = 0; letter < kLetters; ++letter)
     sums[letter] *= kLetters / total;
-  }
   SetMessage(position, sums);
 }
 
@@ -165,7 +159,7 @@ void Beliefs::SetMessage(int position, const float* values) {
     change += std::abs(values[letter] - message[letter]);
     message[letter] = values[letter];
   }
-  int other = store_.GetBoard().EntryOf(partner_[position]);
+  const int other = store_.GetBoard().EntryOf(partner_[position]);
   told_[other].change += change / kLetters;
 }
 
@@ -176,8 +170,8 @@ Beliefs::Guess Beliefs::Likeliest(int position) const {
   Guess best{std::countr_zero(letters), 0};
   float total = 0;
   for (uint32_t rest = letters; rest; rest &= rest - 1) {
-    int letter = std::countr_zero(rest);
-    float chance = (own[letter] + kLeast) * (other[letter] + kLeast);
+    const int letter = std::countr_zero(rest);
+    const float chance = (own[letter] + kLeast) * (other[letter] + kLeast);
     total += chance;
     if (chance > best.chance) best = {letter, chance};
   }

@@ -28,8 +28,8 @@ using Picture = std::vector<std::pair<int, float>>;
 
 Picture Draw(const Store& store, const Beliefs& beliefs) {
   Picture picture;
-  for (int p : OpenCrossings(store, beliefs)) {
-    Beliefs::Guess guess = beliefs.Likeliest(p);
+  for (const int p : OpenCrossings(store, beliefs)) {
+    const Beliefs::Guess guess = beliefs.Likeliest(p);
     picture.push_back({guess.letter, guess.chance});
   }
   return picture;
@@ -44,11 +44,11 @@ RC_GTEST_PROP(Beliefs, CountFillsOfATree, (unsigned seed)) {
   for (int i = 0; i < 40; ++i) {
     std::string word(i % 2 ? 5 : 3, 'A');
     for (char& c : word) c = static_cast<char>('A' + random() % 3);
-    int score = static_cast<int>(random() % 30);
+    const int score = static_cast<int>(random() % 30);
     if (builder.Add(word, score, 0, i)) weights[word] = std::exp(0.02 * score);
   }
-  WordList words = builder.Build();
-  Board board(ProblemOf({".....", ".#.#.", ".#.#."}));
+  const WordList words = builder.Build();
+  const Board board(ProblemOf({".....", ".#.#.", ".#.#."}));
   Store store(board, words, {});
   if (!PropagateAll(store)) return;
   double exact[5][3] = {};
@@ -57,30 +57,28 @@ RC_GTEST_PROP(Beliefs, CountFillsOfATree, (unsigned seed)) {
     double value = weight;
     for (int p = 0; p < 5; p += 2) {
       double hanging = 0;
-      for (const auto& [other, otherWeight] : weights) {
+      for (const auto& [other, otherWeight] : weights)
         if (other.size() == 3 && other[0] == word[p]) hanging += otherWeight;
-      }
       value *= hanging;
     }
     for (int p = 0; p < 5; ++p) exact[p][word[p] - 'A'] += value;
   }
   Beliefs beliefs(store);
   RC_ASSERT(beliefs.Settle(1 << 20));
-  for (int p : OpenCrossings(store, beliefs)) {
+  for (const int p : OpenCrossings(store, beliefs)) {
     const int column = board.Cells()[board.CellOf(p)].place % 5;
     const double* chances = exact[column];
-    double total = chances[0] + chances[1] + chances[2];
-    Beliefs::Guess guess = beliefs.Likeliest(p);
-    for (int letter = 0; letter < 3; ++letter) {
+    const double total = chances[0] + chances[1] + chances[2];
+    const Beliefs::Guess guess = beliefs.Likeliest(p);
+    for (int letter = 0; letter < 3; ++letter)
       RC_ASSERT(guess.chance >= chances[letter] / total - kInexact);
-    }
     RC_ASSERT(std::abs(guess.chance - chances[guess.letter] / total) <
               kInexact);
   }
 }
 
 TEST(Beliefs, SettleInSlicesAndComeBackToLevel0) {
-  Board board(ReadGrid("theme-am15-05.txt"));
+  const Board board(ReadGrid("theme-am15-05.txt"));
   Store store(board, Level2(), {});
   ASSERT_TRUE(PropagateAll(store));
   Beliefs whole(store), sliced(store);
@@ -91,7 +89,7 @@ TEST(Beliefs, SettleInSlicesAndComeBackToLevel0) {
   Picture atRoot = Draw(store, whole);
   EXPECT_EQ(Draw(store, sliced), atRoot);
 
-  int position = OpenCrossings(store, whole).front();
+  const int position = OpenCrossings(store, whole).front();
   store.Push();
   store.Narrow(board.CellOf(position), 1u << whole.Likeliest(position).letter,
                kDecision);

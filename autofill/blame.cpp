@@ -20,7 +20,7 @@ class Trial {
     Search::Settings settings;
     settings.limits = limits_;
     settings.limits.active.assign(board_.EntryCount(), 0);
-    for (int e : entries) settings.limits.active[e] = 1;
+    for (const int e : entries) settings.limits.active[e] = 1;
     return Search(board_, words_, settings).Run(work_, stop_) ==
            Outcome::Impossible;
   }
@@ -39,7 +39,7 @@ std::vector<int> FailingStart(const Trial& trial,
   size_t fits = 0, fails = order.size();
   while (fails - fits > 1) {
     size_t middle = (fits + fails) / 2;
-    bool failed = trial.Fails({order.begin(), order.begin() + middle});
+    const bool failed = trial.Fails({order.begin(), order.begin() + middle});
     (failed ? fails : fits) = middle;
   }
   return {order.begin(), order.begin() + fails};
@@ -50,7 +50,7 @@ std::vector<int> FailingStart(const Trial& trial,
 std::vector<int> FindCulprits(const Board& board, const WordList& words,
                               const Limits& limits, std::vector<int> order,
                               int64_t work, const std::function<bool()>& stop) {
-  Trial trial(board, words, limits, work, stop);
+  const Trial trial(board, words, limits, work, stop);
   std::erase_if(order, [&](int e) { return board.Entries()[e].given; });
   if (!trial.Fails(order)) return {};
   std::vector<int> core = FailingStart(trial, order);

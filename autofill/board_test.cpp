@@ -84,7 +84,7 @@ TEST(Problem, FoldsLettersAndTellsWhatNoWordCanFill) {
 
 TEST(Problem, AFillGoesIntoTheEmptyCellsAlone) {
   Document document = DocumentOf({"c?.", "2##"});
-  Problem problem = ProblemOf(document);
+  const Problem problem = ProblemOf(document);
   const Result result = Fill(problem, ListOf({"CAT"}), {});
   ASSERT_EQ(result.status, Status::Filled);
   PutLetters(result.letters, document);

@@ -44,18 +44,16 @@ void Chooser::Decay() {
 }
 
 void Chooser::KeepWords() {
-  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e)
     if (store_.Done(e)) kept_[e] = store_.WordOf(e);
-  }
 }
 
 bool Chooser::Fits(int entry, int word) const {
   const LengthTable& table = store_.TableOf(entry);
   const uint32_t* row = table.Row(word);
-  int first = store_.GetBoard().Entries()[entry].first;
-  for (int p = 0; p < table.length; ++p) {
+  const int first = store_.GetBoard().Entries()[entry].first;
+  for (int p = 0; p < table.length; ++p)
     if (!(row[p] & store_.LettersAt(first + p))) return false;
-  }
   return store_.Has(entry, word);
 }
 
@@ -71,8 +69,8 @@ bool Chooser::Next(Literal& literal) {
     word_ = kept_[entry_];
     if (word_ < 0 || !Fits(entry_, word_)) word_ = BestWord(entry_);
   }
-  int position = NextPosition(entry_);
-  int offset = position - store_.GetBoard().Entries()[entry_].first;
+  const int position = NextPosition(entry_);
+  const int offset = position - store_.GetBoard().Entries()[entry_].first;
   literal = {store_.GetBoard().CellOf(position),
              kAllLetters & ~store_.TableOf(entry_).Row(word_)[offset]};
   return true;
@@ -81,16 +79,15 @@ bool Chooser::Next(Literal& literal) {
 // Only of cells that two of our entries cross.
 bool Chooser::SurestLetter(Literal& literal) {
   const Board& board = store_.GetBoard();
-  for (int e = 0; e < board.EntryCount(); ++e) {
+  for (int e = 0; e < board.EntryCount(); ++e)
     urgency_[e] = static_cast<float>(std::pow(beliefWeights_[e], kUrgency));
-  }
   std::uniform_real_distribution<float> noise(1, 1 + kLetterNoise);
   float bestValue = 0;
   for (int p = 0; p < board.PositionCount(); ++p) {
-    int partner = beliefs_.Partner(p);
+    const int partner = beliefs_.Partner(p);
     if (partner < p || std::has_single_bit(store_.LettersAt(p))) continue;
     if (!store_.Ours(board.EntryOf(p))) continue;
-    Beliefs::Guess guess = beliefs_.Likeliest(p);
+    const Beliefs::Guess guess = beliefs_.Likeliest(p);
     float value =
         guess.chance *
         (urgency_[board.EntryOf(p)] + urgency_[board.EntryOf(partner)]) *
@@ -107,7 +104,7 @@ int Chooser::NextEntry() const {
   double bestValue = 0;
   for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
     if (store_.Done(e)) continue;
-    double value = std::sqrt(store_.SizeOf(e)) / weights_[e];
+    const double value = std::sqrt(store_.SizeOf(e)) / weights_[e];
     if (best < 0 || value < bestValue) best = e, bestValue = value;
   }
   return best;
@@ -115,23 +112,22 @@ int Chooser::NextEntry() const {
 
 void Chooser::CountCrossings(int entry) {
   const Board& board = store_.GetBoard();
-  int first = board.Entries()[entry].first;
+  const int first = board.Entries()[entry].first;
   for (int p = 0; p < board.Entries()[entry].length; ++p) {
-    int crossing = board.Crossing(first + p);
+    const int crossing = board.Crossing(first + p);
     if (crossing < 0 || std::has_single_bit(store_.LettersAt(first + p))) {
       std::fill_n(support_[p], kLetters, 0.0f);
       continue;
     }
     int counts[kLetters];
     store_.CountLetters(board.EntryOf(crossing), crossing, counts);
-    for (int letter = 0; letter < kLetters; ++letter) {
+    for (int letter = 0; letter < kLetters; ++letter)
       support_[p][letter] = std::log(static_cast<float>(counts[letter]) + 0.1f);
-    }
   }
 }
 
 int Chooser::BestWord(int entry) {
-  int count = store_.CopyWords(entry, kCandidates, candidates_.data());
+  const int count = store_.CopyWords(entry, kCandidates, candidates_.data());
   if (count == 1) return candidates_[0];
   CountCrossings(entry);
   const LengthTable& table = store_.TableOf(entry);
@@ -139,7 +135,7 @@ int Chooser::BestWord(int entry) {
   int best = -1;
   float bestValue = 0;
   for (int i = 0; i < count; ++i) {
-    int word = candidates_[i];
+    const int word = candidates_[i];
     const uint8_t* letters = table.Letters(word);
     float value =
         kScoreWeight * table.scores[word] + kWordNoise * chance(random_);
@@ -157,10 +153,10 @@ int Chooser::NextPosition(int entry) const {
   double bestSize = 0;
   for (int p = 0; p < board.Entries()[entry].length; ++p) {
     if (std::has_single_bit(store_.LettersAt(first + p))) continue;
-    int crossing = board.Crossing(first + p);
+    const int crossing = board.Crossing(first + p);
     double size = kUncrossed;
     if (crossing >= 0) {
-      int other = board.EntryOf(crossing);
+      const int other = board.EntryOf(crossing);
       size = store_.SizeOf(other) / weights_[other];
     }
     if (best < 0 || size < bestSize) best = first + p, bestSize = size;

@@ -27,11 +27,10 @@ void Explainer::Explain(const Question& question,
   table_ = &store_.TableOf(question.entry);
   first_ = store_.GetBoard().Entries()[question.entry].first;
   std::fill_n(killed_, table_->lanes, 0);
-  for (int p = 0; p < table_->length; ++p) {
+  for (int p = 0; p < table_->length; ++p)
     killed_[p] = question.known[store_.GetBoard().CellOf(first_ + p)];
-  }
   FindFixed(question);
-  WordView root = store_.RootOf(question.entry);
+  const WordView root = store_.RootOf(question.entry);
   if (root.list) {
     StartList(question);
   } else {
@@ -40,21 +39,19 @@ void Explainer::Explain(const Question& question,
   }
   AddFixed();
   AddKillers(question, literals);
-  for (int p = 0; p < table_->length; ++p) {
-    if (killed_[p]) {
+  for (int p = 0; p < table_->length; ++p)
+    if (killed_[p])
       literals.push_back({store_.GetBoard().CellOf(first_ + p), killed_[p]});
-    }
-  }
 }
 
 // The cells that were fixed, oldest first: old reasons make long jumps.
 void Explainer::FindFixed(const Question& question) {
   fixed_.clear();
-  int base = store_.FirstEventOf(1);
+  const int base = store_.FirstEventOf(1);
   for (int p = 0; p < table_->length; ++p) {
     uint32_t letters = store_.LettersAt(first_ + p);
     if (!std::has_single_bit(letters)) continue;
-    int event = store_.FixedAt(store_.GetBoard().CellOf(first_ + p));
+    const int event = store_.FixedAt(store_.GetBoard().CellOf(first_ + p));
     if (event < base || event >= question.event) continue;
     fixed_.push_back({event, p, std::countr_zero(letters)});
   }
@@ -75,7 +72,7 @@ void Explainer::StartBits(const Question& question) {
 }
 
 void Explainer::StartList(const Question& question) {
-  WordView root = store_.RootOf(question.entry);
+  const WordView root = store_.RootOf(question.entry);
   list_.resize(root.size);
   list_.resize(CollectAlive(root, table_->rows.data(), table_->lanes, killed_,
                             list_.data()));
@@ -83,17 +80,15 @@ void Explainer::StartList(const Question& question) {
   if (!question.asked) return;
   std::erase_if(list_, [&](int word) {
     uint32_t asked = 0;
-    for (int p = 0; p < table_->length; ++p) {
+    for (int p = 0; p < table_->length; ++p)
       asked |= table_->Row(word)[p] & question.asked[p];
-    }
     return !asked;
   });
 }
 
 void Explainer::AddSupports(int p, uint32_t letters) {
-  for (; letters; letters &= letters - 1) {
+  for (; letters; letters &= letters - 1)
     bitsets_.push_back(table_->Support(p, std::countr_zero(letters)));
-  }
 }
 
 // Leaves the words that have one of the letters added.
@@ -120,7 +115,7 @@ void Explainer::AddFixed() {
   size_t next = 0;
   for (; next < fixed_.size() && size_ > kWordsToRead; ++next) {
     const Fixed& fixed = fixed_[next];
-    int before = size_;
+    const int before = size_;
     size_ = Intersect(bits_.data(), table_->Support(fixed.offset, fixed.letter),
                       table_->blocks, scratch_.data());
     bits_.swap(scratch_);
@@ -131,7 +126,7 @@ void Explainer::AddFixed() {
   for (; next < fixed_.size() && !list_.empty(); ++next) {
     const Fixed& fixed = fixed_[next];
     uint32_t bit = 1u << fixed.letter, letters = 0;
-    for (int word : list_) letters |= table_->Row(word)[fixed.offset];
+    for (const int word : list_) letters |= table_->Row(word)[fixed.offset];
     if (letters == bit) continue;
     killed_[fixed.offset] |= letters & ~bit;
     std::erase_if(list_, [&](int word) {
@@ -151,7 +146,7 @@ void Explainer::ReadWords() {
 void Explainer::AddKillers(const Question& question,
                            std::vector<Literal>& literals) {
   const Board& board = store_.GetBoard();
-  for (int word : list_) {
+  for (const int word : list_) {
     const uint32_t* row = table_->Row(word);
     int best = -1, event = question.event;
     bool dead = false;
@@ -163,22 +158,20 @@ void Explainer::AddKillers(const Question& question,
       if (gone < event) event = gone, best = p;
     }
     if (dead) continue;
-    if (best < 0) {
+    if (best < 0)
       AddUse(question, word, literals);
-    } else {
+    else
       killed_[best] |= row[best];
-    }
   }
 }
 
 bool Explainer::FixedBefore(int entry, int from, int length, int event) const {
   const Board& board = store_.GetBoard();
   for (int k = 0; k < length; ++k) {
-    int position = board.Entries()[entry].first + from + k;
+    const int position = board.Entries()[entry].first + from + k;
     if (!std::has_single_bit(store_.LettersAt(position)) ||
-        store_.FixedAt(board.CellOf(position)) >= event) {
+        store_.FixedAt(board.CellOf(position)) >= event)
       return false;
-    }
   }
   return true;
 }
@@ -188,8 +181,8 @@ void Explainer::AddUse(const Question& question, int word,
                        std::vector<Literal>& literals) {
   const Board& board = store_.GetBoard();
   const uint8_t* text = table_->Letters(word);
-  bool runs = store_.Shared() && store_.Shared() <= table_->length;
-  int length = runs ? store_.Shared() : table_->length;
+  const bool runs = store_.Shared() && store_.Shared() <= table_->length;
+  const int length = runs ? store_.Shared() : table_->length;
   for (int e = 0; e < board.EntryCount(); ++e) {
     const BoardEntry& other = board.Entries()[e];
     if (e == question.entry) continue;
@@ -198,9 +191,8 @@ void Explainer::AddUse(const Question& question, int word,
       for (int b = 0; b + length <= other.length; ++b) {
         int k = 0;
         while (k < length &&
-               store_.LettersAt(other.first + b + k) == 1u << text[a + k]) {
+               store_.LettersAt(other.first + b + k) == 1u << text[a + k])
           ++k;
-        }
         if (k < length || !FixedBefore(e, b, length, question.event)) continue;
         for (k = 0; k < length; ++k) {
           literals.push_back({board.CellOf(other.first + b + k),

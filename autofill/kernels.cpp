@@ -39,16 +39,16 @@ template <bool kKeep>
 template <int kVectors>
 [[gnu::always_inline]] inline int Filter(const RowFilter& filter, int* list,
                                          int count, uint32_t* united) {
-  int vectors = kVectors ? kVectors : filter.lanes / 4;
+  const int vectors = kVectors ? kVectors : filter.lanes / 4;
   Vector sum[kVectors ? kVectors : 13] = {};
   int kept = 0;
   while (kept < count) {
-    int word = list[kept];
+    const int word = list[kept];
     const uint32_t* row =
         filter.rows + static_cast<int64_t>(word) * filter.lanes;
     bool fits = filter.usedBy[word] < 0;
     for (int i = 0; i < filter.positionCount; ++i) {
-      int p = filter.positions[i];
+      const int p = filter.positions[i];
       fits &= (row[p] & filter.allowed[p]) != 0;
     }
     if (fits) {
@@ -62,9 +62,8 @@ template <int kVectors>
       std::swap(list[kept], list[--count]);
     }
   }
-  for (int v = 0; v < vectors; ++v) {
+  for (int v = 0; v < vectors; ++v)
     __builtin_memcpy(united + 4 * v, &sum[v], sizeof sum[v]);
-  }
   return kept;
 }
 
@@ -72,11 +71,9 @@ template <int kVectors>
 template <typename Each>
 [[gnu::always_inline]] inline void ForEach(const uint64_t* set, int blocks,
                                            Each each) {
-  for (int b = 0; b < blocks; ++b) {
-    for (uint64_t block = set[b]; block; block &= block - 1) {
+  for (int b = 0; b < blocks; ++b)
+    for (uint64_t block = set[b]; block; block &= block - 1)
       each(b * 64 + std::countr_zero(block));
-    }
-  }
 }
 
 template <typename Each>
@@ -91,9 +88,8 @@ template <int kVectors, typename Set>
                                           const uint32_t* dead, int* out) {
   int vectors = kVectors ? kVectors : lanes / 4, alive = 0;
   Vector gone[kVectors ? kVectors : 13];
-  for (int v = 0; v < vectors; ++v) {
+  for (int v = 0; v < vectors; ++v)
     __builtin_memcpy(&gone[v], dead + 4 * v, sizeof gone[v]);
-  }
   ForEach(
       set, size, [&](int word) __attribute__((always_inline)) {
         const uint32_t* row = rows + static_cast<int64_t>(word) * lanes;
@@ -189,11 +185,10 @@ template <typename Set>
 
 KELDA_CLONES
 void AddWeights(const Weighing& weighing, const WordView& words, float* sums) {
-  if (words.list) {
+  if (words.list)
     WeighByPlaces(weighing, words.list, words.size, sums);
-  } else {
+  else
     WeighByPlaces(weighing, words.bits, words.blocks, sums);
-  }
 }
 
 KELDA_CLONES
@@ -241,9 +236,8 @@ int Size(const uint64_t* set, int blocks) {
 }
 
 int FirstMeeting(const uint64_t* a, const uint64_t* b, int blocks) {
-  for (int i = 0; i < blocks; ++i) {
+  for (int i = 0; i < blocks; ++i)
     if (a[i] & b[i]) return i;
-  }
   return -1;
 }
 

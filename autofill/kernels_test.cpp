@@ -29,13 +29,12 @@ int Count(const Bits& bits) {
 
 RC_GTEST_PROP(Kernels, BitsetsAsBlockByBlock, (unsigned seed)) {
   std::mt19937_64 random(seed);
-  int blocks = 1 + static_cast<int>(random() % 70);
+  const int blocks = 1 + static_cast<int>(random() % 70);
   Bits set = RandomBits(random, blocks), united(blocks);
   std::vector<Bits> others;
   std::vector<const uint64_t*> pointers;
-  for (int i = random() % 5; i >= 0; --i) {
+  for (int i = random() % 5; i >= 0; --i)
     others.push_back(RandomBits(random, blocks));
-  }
   for (const Bits& other : others) {
     pointers.push_back(other.data());
     for (int b = 0; b < blocks; ++b) united[b] |= other[b];
@@ -45,7 +44,7 @@ RC_GTEST_PROP(Kernels, BitsetsAsBlockByBlock, (unsigned seed)) {
     wanted[b] = set[b] & united[b];
     rest[b] = set[b] & ~united[b];
   }
-  int count = static_cast<int>(pointers.size());
+  const int count = static_cast<int>(pointers.size());
   RC_ASSERT(KeepUnion(kept.data(), pointers.data(), count, blocks) ==
             Count(wanted));
   RC_ASSERT(kept == wanted);
@@ -77,14 +76,12 @@ struct Words {
         rows(static_cast<size_t>(count) * lanes),
         mask(lanes) {
     for (int word = 0; word < count; ++word) {
-      for (int p = 0; p < length; ++p) {
+      for (int p = 0; p < length; ++p)
         rows[word * lanes + p] = 1u << random() % kLetters;
-      }
       if (random() % 2) list.push_back(word);
     }
-    for (int p = 0; p < length; ++p) {
+    for (int p = 0; p < length; ++p)
       if (random() % length < 2) mask[p] = random() & kAllLetters;
-    }
   }
   bool Meets(int word) const {
     bool meets = false;
@@ -96,15 +93,15 @@ struct Words {
 void CheckCollectAlive(const Words& words) {
   Bits bits(2);
   std::vector<int> wanted, out(words.count);
-  for (int word : words.list) {
+  for (const int word : words.list) {
     bits[word / 64] |= uint64_t{1} << word % 64;
     if (!words.Meets(word)) wanted.push_back(word);
   }
-  int size = static_cast<int>(words.list.size());
-  for (WordView view : {WordView{size, words.list.data(), nullptr, 0},
-                        WordView{size, nullptr, bits.data(), 2}}) {
-    int found = CollectAlive(view, words.rows.data(), words.lanes,
-                             words.mask.data(), out.data());
+  const int size = static_cast<int>(words.list.size());
+  for (const WordView view : {WordView{size, words.list.data(), nullptr, 0},
+                              WordView{size, nullptr, bits.data(), 2}}) {
+    const int found = CollectAlive(view, words.rows.data(), words.lanes,
+                                   words.mask.data(), out.data());
     EXPECT_EQ(std::vector(out.begin(), out.begin() + found), wanted);
   }
 }
@@ -120,15 +117,14 @@ void CheckFilterList(std::mt19937_64& random, const Words& words) {
   std::vector<int16_t> usedBy(words.count, -1);
   for (int16_t& user : usedBy) user = random() % 8 ? -1 : 3;
   std::set<int> wanted;
-  for (int word : words.list) {
+  for (const int word : words.list) {
     if (words.Meets(word) || usedBy[word] >= 0) continue;
     wanted.insert(word);
-    for (int p = 0; p < words.lanes; ++p) {
+    for (int p = 0; p < words.lanes; ++p)
       union_[p] |= words.rows[word * words.lanes + p];
-    }
   }
   std::vector<int> list = words.list;
-  int kept = FilterList(
+  const int kept = FilterList(
       {words.rows.data(), words.lanes, allowed.data(), positions.data(),
        static_cast<int>(positions.size()), usedBy.data()},
       list.data(), static_cast<int>(list.size()), united.data());
@@ -148,9 +144,8 @@ void CheckAddWeights(std::mt19937_64& random, const Words& words) {
     }
     scores[word] = random() % 2;
   }
-  for (int p = 0; p < words.length; ++p) {
+  for (int p = 0; p < words.length; ++p)
     if (random() % 3) places.push_back(static_cast<uint8_t>(p));
-  }
   std::vector<float> weights(places.size() * kLetterStride);
   for (float& weight : weights) weight = static_cast<float>(random() % 3);
   const float priors[] = {1, 0.5f};
@@ -165,16 +160,15 @@ void CheckAddWeights(std::mt19937_64& random, const Words& words) {
     for (size_t i = 0; i < places.size(); ++i) value *= weights[slot(i)];
     for (size_t i = 0; i < places.size(); ++i) wanted[slot(i)] += value;
   }
-  int size = static_cast<int>(words.list.size());
-  for (WordView view : {WordView{size, words.list.data(), nullptr, 0},
-                        WordView{size, nullptr, bits.data(), 2}}) {
+  const int size = static_cast<int>(words.list.size());
+  for (const WordView view : {WordView{size, words.list.data(), nullptr, 0},
+                              WordView{size, nullptr, bits.data(), 2}}) {
     std::vector<float> sums(weights.size());
     AddWeights({letters.data(), words.length, scores.data(), priors,
                 places.data(), static_cast<int>(places.size()), weights.data()},
                view, sums.data());
-    for (size_t i = 0; i < sums.size(); ++i) {
+    for (size_t i = 0; i < sums.size(); ++i)
       EXPECT_NEAR(sums[i], wanted[i], 1e-5f * wanted[i]);
-    }
   }
 }
 

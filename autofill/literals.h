@@ -30,9 +30,8 @@ struct Literal {
   // The event that made it hold.
   int Since(const Store& store) const {
     int since = -1;
-    for (uint32_t rest = lost; rest; rest &= rest - 1) {
+    for (uint32_t rest = lost; rest; rest &= rest - 1)
       since = std::max(since, store.GoneAt(cell, std::countr_zero(rest)));
-    }
     return since;
   }
 };

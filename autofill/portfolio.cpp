@@ -92,24 +92,20 @@ void Portfolio::RunTasks(int64_t work, int count) {
 // Whether the search has to stop: asked to, or one before it has decided.
 bool Portfolio::Poll(int number) {
   if (stopped_ || decided_ < number) return true;
-  if (std::unique_lock lock(mutex_, std::try_to_lock); lock && (*stop_)()) {
+  if (std::unique_lock lock(mutex_, std::try_to_lock); lock && (*stop_)())
     stopped_ = true;
-  }
   return stopped_;
 }
 
 void Portfolio::ShareLetters() {
-  for (auto& search : searches_) {
+  for (auto& search : searches_)
     if (search) search->Rewind();
-  }
   for (int cell = 0; cell < board_.CellCount(); ++cell) {
     uint32_t letters = kAllLetters;
-    for (auto& search : searches_) {
+    for (auto& search : searches_)
       if (search) letters &= search->RootLetters(cell);
-    }
-    for (auto& search : searches_) {
+    for (auto& search : searches_)
       if (search) search->NarrowRoot(cell, letters);
-    }
   }
 }
 
@@ -117,7 +113,7 @@ SearchStatistics Portfolio::Statistics() const {
   SearchStatistics sum;
   for (const auto& search : searches_) {
     if (!search) continue;
-    SearchStatistics one = search->Statistics();
+    const SearchStatistics one = search->Statistics();
     sum.nodes += one.nodes;
     sum.fails += one.fails;
     sum.restarts += one.restarts;

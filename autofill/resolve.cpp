@@ -16,7 +16,7 @@ bool Search::LearnAndJump() {
   }
   ExplainConflict();
   if (!FindLevel()) return false;
-  for (Literal literal : literals_) Mark(literal);
+  for (const Literal literal : literals_) Mark(literal);
   Assert(ResolveEvents());
   chooser_.Decay();
   return true;
@@ -26,15 +26,14 @@ void Search::ExplainConflict() {
   literals_.clear();
   if (failedEntry_ >= 0) {
     chooser_.Bump(failedEntry_);
-    int now = static_cast<int>(store_.Events().size());
+    const int now = static_cast<int>(store_.Events().size());
     explainer_.Explain({failedEntry_, now, nullptr, marked_.data()}, literals_);
   } else if (failedFill_ >= 0) {
     ExplainLikeness();
   } else {
-    int ref = nogoods_.Violated();
-    for (int i = 0; i < nogoods_.SizeOf(ref); ++i) {
+    const int ref = nogoods_.Violated();
+    for (int i = 0; i < nogoods_.SizeOf(ref); ++i)
       literals_.push_back(nogoods_.At(ref, i));
-    }
   }
 }
 
@@ -56,9 +55,8 @@ void Search::ExplainLikeness() {
 // A conflict may be older than it was found: the last level with a part.
 bool Search::FindLevel() {
   int last = -1;
-  for (Literal literal : literals_) {
+  for (const Literal literal : literals_)
     last = std::max(last, literal.Since(store_));
-  }
   level_ = last < 0 ? 0 : store_.LevelOfEvent(last);
   if (level_ == 0) return false;
   chooser_.KeepWords();
@@ -68,10 +66,10 @@ bool Search::FindLevel() {
 }
 
 void Search::Mark(Literal literal) {
-  int cell = literal.cell;
+  const int cell = literal.cell;
   uint32_t rest = literal.lost & ~marked_[cell];
   for (; rest; rest &= rest - 1) {
-    int event = store_.GoneAt(cell, std::countr_zero(rest));
+    const int event = store_.GoneAt(cell, std::countr_zero(rest));
     uint32_t bit = rest & -rest;
     if (event < store_.FirstEventOf(1)) continue;
     marked_[cell] |= bit;
@@ -97,11 +95,10 @@ Literal Search::ResolveEvents() {
       learntLost_[event.cell] = marked_[event.cell] = 0;
       return {event.cell, lost};
     }
-    if (event.reason >= kNogood) {
+    if (event.reason >= kNogood)
       ExpandNogood(i);
-    } else {
+    else
       i = ExpandRevision(i);
-    }
   }
 }
 
@@ -118,9 +115,9 @@ uint32_t Search::Unmark(int i) {
 void Search::ExpandNogood(int i) {
   const Event& event = store_.Events()[i];
   Unmark(i);
-  int ref = event.reason - kNogood;
+  const int ref = event.reason - kNogood;
   for (int k = 0; k < nogoods_.SizeOf(ref); ++k) {
-    Literal literal = nogoods_.At(ref, k);
+    const Literal literal = nogoods_.At(ref, k);
     if (literal.cell != event.cell) Mark(literal);
   }
 }
@@ -140,20 +137,20 @@ int Search::ExpandRevision(int last) {
     if (!pending_[i]) continue;
     if (outstanding_ == 1) break;
     const BoardCell& cell = board.Cells()[events[i].cell];
-    int position = cell.positions[board.Entries()[entry].across ? 0 : 1];
+    const int position = cell.positions[board.Entries()[entry].across ? 0 : 1];
     asked[position - board.Entries()[entry].first] = Unmark(i);
   }
   chooser_.Bump(entry);
   literals_.clear();
   explainer_.Explain({entry, i + 1, asked, marked_.data()}, literals_);
-  for (Literal literal : literals_) Mark(literal);
+  for (const Literal literal : literals_) Mark(literal);
   return i + 1;
 }
 
 void Search::Assert(Literal denied) {
   dated_.clear();
-  for (int cell : learntCells_) {
-    Literal literal{cell, learntLost_[cell]};
+  for (const int cell : learntCells_) {
+    const Literal literal{cell, learntLost_[cell]};
     if (literal.lost) dated_.push_back({literal.Since(store_), literal});
     learntLost_[cell] = marked_[cell] = 0;
   }
@@ -164,16 +161,14 @@ void Search::Assert(Literal denied) {
   int spread = 0, last = 0, jump = 0;
   for (const Dated& dated : dated_) {
     learnt_.push_back(dated.literal);
-    int level = store_.LevelOfEvent(dated.since);
+    const int level = store_.LevelOfEvent(dated.since);
     if (!spread) jump = level;
     if (level != last) ++spread, last = level;
   }
   store_.BackTo(jump);
   visited_ = store_.Events().size();
   int reason = kDecision;
-  if (!dated_.empty()) {
-    reason = kNogood + nogoods_.Add(store_, learnt_, spread);
-  }
+  if (!dated_.empty()) reason = kNogood + nogoods_.Add(store_, learnt_, spread);
   store_.Narrow(denied.cell, denied.lost, reason);
 }
 

@@ -14,9 +14,8 @@ bool Store::Revise(int entry) {
   bool fits;
   if (set.listed) {
     uint64_t dirty = set.dirty;
-    for (uint64_t rest = dirty; rest; rest &= rest - 1) {
+    for (uint64_t rest = dirty; rest; rest &= rest - 1)
       removed_[board_.Entries()[entry].first + std::countr_zero(rest)] = 0;
-    }
     set.dirty = 0;
     fits = ReviseList(entry, dirty, set.forced);
   } else {
@@ -30,10 +29,9 @@ bool Store::ReviseBits(int entry) {
   WordSet& set = sets_[entry];
   if (set.size == 0) return false;
   Save(entry);
-  int before = set.size;
-  for (; set.dirty; set.dirty &= set.dirty - 1) {
+  const int before = set.size;
+  for (; set.dirty; set.dirty &= set.dirty - 1)
     NarrowBits(entry, std::countr_zero(set.dirty));
-  }
   if (set.size == 0) return false;
   if (set.size <= kListSize) {
     MakeList(entry);
@@ -46,16 +44,15 @@ bool Store::ReviseBits(int entry) {
 void Store::NarrowBits(int entry, int offset) {
   WordSet& set = sets_[entry];
   const LengthTable& table = *tables_[entry];
-  int position = board_.Entries()[entry].first + offset;
+  const int position = board_.Entries()[entry].first + offset;
   uint32_t kept = letters_[position];
   uint32_t gone = removed_[position];
   removed_[position] = 0;
-  bool keep = std::popcount(kept) <= std::popcount(gone);
+  const bool keep = std::popcount(kept) <= std::popcount(gone);
   const uint64_t* bitsets[kLetters];
   int count = 0;
-  for (uint32_t left = keep ? kept : gone; left; left &= left - 1) {
+  for (uint32_t left = keep ? kept : gone; left; left &= left - 1)
     bitsets[count++] = table.Support(offset, std::countr_zero(left));
-  }
   uint64_t* bits = &bits_[set.bits];
   set.size = keep ? KeepUnion(bits, bitsets, count, table.blocks)
                   : DropUnion(bits, bitsets, count, table.blocks);
@@ -67,21 +64,20 @@ void Store::ReadBits(int entry) {
   set.forced = false;
   const LengthTable& table = *tables_[entry];
   const uint64_t* bits = &bits_[set.bits];
-  int first = board_.Entries()[entry].first;
+  const int first = board_.Entries()[entry].first;
   for (int p = 0; p < table.length; ++p) {
     uint32_t letters = letters_[first + p], found = letters;
     if (std::has_single_bit(letters)) continue;
     for (uint32_t left = letters; left; left &= left - 1) {
-      int letter = std::countr_zero(left);
+      const int letter = std::countr_zero(left);
       int& residue = residues_[(first + p) * kLetters + letter];
       const uint64_t* support = table.Support(p, letter);
       if (bits[residue] & support[residue]) continue;
-      int block = FirstMeeting(bits, support, table.blocks);
-      if (block >= 0) {
+      const int block = FirstMeeting(bits, support, table.blocks);
+      if (block >= 0)
         residue = block;
-      } else {
+      else
         found &= ~(1u << letter);
-      }
     }
     if (found != letters) Narrow(board_.CellOf(first + p), found, entry);
   }
@@ -99,15 +95,14 @@ bool Store::ReviseList(int entry, uint64_t dirty, bool changed) {
   const LengthTable& table = *tables_[entry];
   uint8_t positions[kLongestWord];
   int count = 0;
-  for (; dirty; dirty &= dirty - 1) {
+  for (; dirty; dirty &= dirty - 1)
     positions[count++] = static_cast<uint8_t>(std::countr_zero(dirty));
-  }
   uint32_t united[(kLongestWord + 3) / 4 * 4];
-  RowFilter filter{
+  const RowFilter filter{
       table.rows.data(), table.lanes, &letters_[board_.Entries()[entry].first],
       positions,         count,       usedBy_[table.length].data()};
   Save(entry);
-  int before = set.size;
+  const int before = set.size;
   if (limits_.shared) set.size = DropSharers(entry);
   set.size = FilterList(filter, &lists_[set.list], set.size, united);
   if (set.size == 0) return false;
@@ -118,12 +113,10 @@ bool Store::ReviseList(int entry, uint64_t dirty, bool changed) {
 }
 
 void Store::WriteLetters(int entry, const uint32_t* united) {
-  int first = board_.Entries()[entry].first;
-  for (int p = 0; p < tables_[entry]->length; ++p) {
-    if (united[p] != letters_[first + p]) {
+  const int first = board_.Entries()[entry].first;
+  for (int p = 0; p < tables_[entry]->length; ++p)
+    if (united[p] != letters_[first + p])
       Narrow(board_.CellOf(first + p), united[p], entry);
-    }
-  }
 }
 
 // The word is used now: no other entry may have it.
@@ -135,9 +128,8 @@ void Store::Commit(int entry, int word) {
   for (int other = 0; other < board_.EntryCount(); ++other) {
     if (Done(other)) continue;
     if (tables_[other] == tables_[entry]) DropUsed(other, word);
-    if (limits_.shared && sets_[other].listed) {
+    if (limits_.shared && sets_[other].listed)
       Touch(board_.Entries()[other].first, 0);
-    }
   }
 }
 
@@ -147,10 +139,9 @@ void Store::DropUsed(int entry, int word) {
   WordSet& set = sets_[entry];
   if (tables_[entry]->count <= word) return;
   const uint32_t* row = tables_[entry]->Row(word);
-  int first = board_.Entries()[entry].first;
-  for (int p = 0; p < tables_[entry]->length; ++p) {
+  const int first = board_.Entries()[entry].first;
+  for (int p = 0; p < tables_[entry]->length; ++p)
     if (!(row[p] & letters_[first + p])) return;
-  }
   if (set.listed) {
     Touch(first, 0);
     return;
@@ -171,13 +162,11 @@ int Store::DropSharers(int entry) {
   IndexRuns();
   int* list = &lists_[set.list];
   int size = set.size;
-  for (int i = 0; i < size;) {
-    if (SharesRun(table.Letters(list[i]), table.length)) {
+  for (int i = 0; i < size;)
+    if (SharesRun(table.Letters(list[i]), table.length))
       std::swap(list[i], list[--size]);
-    } else {
+    else
       ++i;
-    }
-  }
   return size;
 }
 
@@ -206,7 +195,7 @@ void Store::IndexRuns() {
   uint8_t text[kLongestWord];
   for (int e = 0; e < board_.EntryCount(); ++e) {
     if (!Done(e)) continue;
-    int length = board_.Entries()[e].length;
+    const int length = board_.Entries()[e].length;
     bool complete = true;
     for (int k = 0; k < length && complete; ++k) {
       uint32_t letter = letters_[board_.Entries()[e].first + k];
@@ -221,9 +210,8 @@ void Store::IndexRuns() {
 }
 
 bool Store::SharesRun(const uint8_t* word, int length) const {
-  for (int i = 0; i + limits_.shared <= length; ++i) {
+  for (int i = 0; i + limits_.shared <= length; ++i)
     if (runs_[PlaceOfRun(KeyOfRun(word + i))]) return true;
-  }
   return false;
 }
 

@@ -34,10 +34,10 @@ bool Search::PropagateAll() {
   while (true) {
     failedEntry_ = failedFill_ = kNone;
     while (visited_ < store_.Events().size()) {
-      Event event = store_.Events()[visited_++];
+      const Event event = store_.Events()[visited_++];
       if (!nogoods_.Visit(store_, event)) return false;
     }
-    int entry = store_.TakeEntry();
+    const int entry = store_.TakeEntry();
     if (entry < 0) return DiffersEnough();
     if (!store_.Revise(entry)) {
       failedEntry_ = entry;
@@ -50,14 +50,12 @@ bool Search::PropagateAll() {
 bool Search::DiffersEnough() {
   if (settings_.earlier.empty()) return true;
   int ours = 0;
-  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+  for (int e = 0; e < store_.GetBoard().EntryCount(); ++e)
     ours += store_.Ours(e);
-  }
   for (size_t i = 0; i < settings_.earlier.size(); ++i) {
     int same = 0;
-    for (int e = 0; e < store_.GetBoard().EntryCount(); ++e) {
+    for (int e = 0; e < store_.GetBoard().EntryCount(); ++e)
       same += store_.Ours(e) && store_.WordOf(e) == settings_.earlier[i][e];
-    }
     if (same <= ours - settings_.differ) continue;
     failedFill_ = static_cast<int>(i);
     return false;
@@ -78,17 +76,16 @@ void Search::Rewind() {
 }
 
 void Search::NarrowRoot(int cell, uint32_t letters) {
-  if (store_.LettersOf(cell) & letters) {
+  if (store_.LettersOf(cell) & letters)
     store_.Narrow(cell, letters, kDecision);
-  } else {
+  else
     impossible_ = true;
-  }
 }
 
 std::vector<int> Search::Words() const {
   std::vector<int> words(store_.GetBoard().EntryCount(), -1);
   for (size_t e = 0; e < words.size(); ++e) {
-    int entry = static_cast<int>(e);
+    const int entry = static_cast<int>(e);
     if (store_.Ours(entry)) words[e] = store_.WordOf(entry);
   }
   return words;

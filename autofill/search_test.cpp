@@ -11,7 +11,7 @@ const std::function<bool()> kNeverStop = [] { return false; };
 
 // Long enough for both ways to choose.
 TEST(Search, GoesOnWhereItPaused) {
-  Board board(ReadGrid("am15-01.txt"));
+  const Board board(ReadGrid("am15-01.txt"));
   Search whole(board, Level2(), {});
   ASSERT_EQ(whole.Run(1 << 30, kNeverStop), Outcome::Filled);
   Search pieces(board, Level2(), {});

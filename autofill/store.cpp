@@ -9,9 +9,8 @@ namespace autofill {
 
 Store::Store(const Board& board, const WordList& words, const Limits& limits)
     : board_(board), limits_(limits) {
-  for (const BoardEntry& entry : board.Entries()) {
+  for (const BoardEntry& entry : board.Entries())
     tables_.push_back(&words.OfLength(entry.length));
-  }
   Allocate();
   for (int cell = 0; cell < board.CellCount(); ++cell) {
     const BoardCell& c = board.Cells()[cell];
@@ -83,9 +82,9 @@ void Store::DropRejected() {
 // for.
 void Store::UseGiven() {
   for (int e = 0; e < board_.EntryCount(); ++e) {
-    bool active = limits_.active.empty() || limits_.active[e];
+    const bool active = limits_.active.empty() || limits_.active[e];
     if (!board_.Entries()[e].given && active) continue;
-    int word = tables_[e]->Find(board_.Mask(e));
+    const int word = tables_[e]->Find(board_.Mask(e));
     WordSet& set = sets_[e];
     set.ours = false;
     set.size = 1;
@@ -94,11 +93,10 @@ void Store::UseGiven() {
     if (word >= 0) usedBy_[tables_[e]->length][word] = static_cast<int16_t>(e);
   }
   for (int e = 0; e < board_.EntryCount(); ++e) {
-    int word = sets_[e].committed;
+    const int word = sets_[e].committed;
     if (word < 0 || word == tables_[e]->count) continue;
-    for (int other = 0; other < board_.EntryCount(); ++other) {
+    for (int other = 0; other < board_.EntryCount(); ++other)
       if (!Done(other) && tables_[other] == tables_[e]) DropUsed(other, word);
-    }
   }
 }
 
@@ -112,9 +110,8 @@ void Store::Push() {
 void Store::KeepRoot() {
   for (size_t e = 0; e < sets_.size(); ++e) {
     WordSet& set = sets_[e];
-    if (!set.listed && set.size != set.rootSize) {
+    if (!set.listed && set.size != set.rootSize)
       std::copy_n(&bits_[set.bits], tables_[e]->blocks, &rootBits_[set.bits]);
-    }
     set.rootSize = set.size;
     set.rootListed = set.listed;
   }
@@ -138,9 +135,8 @@ void Store::BackTo(int level) {
   const LevelStart& to = levels_[level];
   for (; static_cast<int>(events_.size()) > to.events; events_.pop_back()) {
     const Event& event = events_.back();
-    for (int position : board_.Cells()[event.cell].positions) {
+    for (const int position : board_.Cells()[event.cell].positions)
       if (position >= 0) letters_[position] = event.before;
-    }
   }
   for (; static_cast<int>(commits_.size()) > to.commits; commits_.pop_back()) {
     WordSet& set = sets_[commits_.back()];
@@ -169,10 +165,9 @@ void Store::Save(int entry) {
   saved_.push_back({entry, set.size, set.listed, set.stamp, savedTop_});
   set.stamp = levels_.back().stamp;
   if (set.listed) return;
-  int blocks = tables_[entry]->blocks;
-  if (savedTop_ + blocks > static_cast<int64_t>(savedBits_.size())) {
+  const int blocks = tables_[entry]->blocks;
+  if (savedTop_ + blocks > static_cast<int64_t>(savedBits_.size()))
     savedBits_.resize(savedBits_.size() * 2);  // rare, and then kept
-  }
   std::copy_n(&bits_[set.bits], blocks, &savedBits_[savedTop_]);
   savedTop_ += blocks;
 }
@@ -189,24 +184,21 @@ void Store::Narrow(int cell, uint32_t letters, int reason) {
   letters &= before;
   assert(letters);
   if (letters == before) return;
-  int now = static_cast<int>(events_.size());
+  const int now = static_cast<int>(events_.size());
   events_.push_back(
       {cell, before, letters, reason, static_cast<int>(revisions)});
-  for (uint32_t gone = before & ~letters; gone; gone &= gone - 1) {
+  for (uint32_t gone = before & ~letters; gone; gone &= gone - 1)
     gone_[cell * 32 + std::countr_zero(gone)] = now;
-  }
   if (std::has_single_bit(letters)) fixedAt_[cell] = now;
-  for (int position : board_.Cells()[cell].positions) {
+  for (const int position : board_.Cells()[cell].positions) {
     if (position < 0) continue;
     letters_[position] = letters;
-    if (board_.EntryOf(position) != reason) {
-      Touch(position, before & ~letters);
-    }
+    if (board_.EntryOf(position) != reason) Touch(position, before & ~letters);
   }
 }
 
 void Store::Touch(int position, uint32_t removed) {
-  int entry = board_.EntryOf(position);
+  const int entry = board_.EntryOf(position);
   WordSet& set = sets_[entry];
   if (set.committed >= 0) return;  // its letters are fixed already
   removed_[position] |= removed;
@@ -219,10 +211,9 @@ void Store::Touch(int position, uint32_t removed) {
 int Store::TakeEntry() {
   if (queue_.empty()) return -1;
   size_t best = 0;
-  for (size_t i = 1; i < queue_.size(); ++i) {
+  for (size_t i = 1; i < queue_.size(); ++i)
     if (sets_[queue_[i]].size < sets_[queue_[best]].size) best = i;
-  }
-  int entry = queue_[best];
+  const int entry = queue_[best];
   queue_[best] = queue_.back();
   queue_.pop_back();
   sets_[entry].queued = false;
@@ -230,21 +221,18 @@ int Store::TakeEntry() {
 }
 
 void Store::ClearQueue() {
-  for (int entry : queue_) {
+  for (const int entry : queue_) {
     WordSet& set = sets_[entry];
     set.queued = false;
-    for (; set.dirty; set.dirty &= set.dirty - 1) {
+    for (; set.dirty; set.dirty &= set.dirty - 1)
       removed_[board_.Entries()[entry].first + std::countr_zero(set.dirty)] = 0;
-    }
   }
   queue_.clear();
 }
 
 bool Store::Has(int entry, int word) const {
   const WordSet& set = sets_[entry];
-  if (!set.listed) {
-    return bits_[set.bits + word / 64] >> (word % 64) & 1;
-  }
+  if (!set.listed) return bits_[set.bits + word / 64] >> (word % 64) & 1;
   const int* list = &lists_[set.list];
   return std::find(list, list + set.size, word) != list + set.size;
 }
@@ -252,7 +240,7 @@ bool Store::Has(int entry, int word) const {
 int Store::CopyWords(int entry, int limit, int* out) const {
   const WordSet& set = sets_[entry];
   if (set.listed) {
-    int count = std::min(limit, set.size);
+    const int count = std::min(limit, set.size);
     std::copy_n(&lists_[set.list], count, out);
     return count;
   }
@@ -270,12 +258,11 @@ int Store::CopyWords(int entry, int limit, int* out) const {
 void Store::CountLetters(int entry, int position, int* counts) const {
   const WordSet& set = sets_[entry];
   const LengthTable& table = *tables_[entry];
-  int offset = position - board_.Entries()[entry].first;
+  const int offset = position - board_.Entries()[entry].first;
   std::fill(counts, counts + kLetters, 0);
   if (set.listed) {
-    for (int i = 0; i < set.size; ++i) {
+    for (int i = 0; i < set.size; ++i)
       ++counts[table.Letters(lists_[set.list + i])[offset]];
-    }
     return;
   }
   if (set.size == table.count) {
@@ -283,7 +270,7 @@ void Store::CountLetters(int entry, int position, int* counts) const {
     return;
   }
   for (uint32_t left = letters_[position]; left; left &= left - 1) {
-    int letter = std::countr_zero(left);
+    const int letter = std::countr_zero(left);
     counts[letter] = IntersectionSize(
         &bits_[set.bits], table.Support(offset, letter), table.blocks);
   }

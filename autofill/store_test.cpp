@@ -101,15 +101,14 @@ RC_GTEST_PROP(Store, NarrowsAsPlainArcConsistencyDoes, (unsigned seed)) {
 RC_GTEST_PROP(Store, GoesBackToExactlyWhatItWas, (unsigned seed)) {
   std::mt19937 random(seed);
   auto words = RandomWords(random, 2000, 9);
-  WordList list = ListOf(words);
+  const WordList list = ListOf(words);
   Board board(ProblemOf(RandomShape(random, 9)));
   Store store(board, list, {});
   if (board.CellCount() == 0 || !PropagateAll(store)) return;
   auto snapshot = [&] {
     std::vector<int> all;
-    for (int p = 0; p < board.PositionCount(); ++p) {
+    for (int p = 0; p < board.PositionCount(); ++p)
       all.push_back(static_cast<int>(store.LettersAt(p)));
-    }
     for (int e = 0; e < board.EntryCount(); ++e) {
       all.push_back(store.SizeOf(e));
       all.push_back(store.WordOf(e));
@@ -127,13 +126,13 @@ RC_GTEST_PROP(Store, GoesBackToExactlyWhatItWas, (unsigned seed)) {
     if (store.Level() < 6) {
       before.push_back(snapshot());
       store.Push();
-      int cell = static_cast<int>(random() % board.CellCount());
+      const int cell = static_cast<int>(random() % board.CellCount());
       uint32_t letters = store.LettersOf(cell);
       store.Narrow(cell, letters & -letters, kDecision);
       dead = !PropagateAll(store);
     }
     if (dead || random() % 4 == 0) {
-      int level = static_cast<int>(random() % store.Level());
+      const int level = static_cast<int>(random() % store.Level());
       store.BackTo(level);
       RC_ASSERT(snapshot() == before[level]);
       before.resize(level);
@@ -147,8 +146,8 @@ RC_GTEST_PROP(Store, GoesBackToExactlyWhatItWas, (unsigned seed)) {
 }
 
 TEST(Store, AWordInUseIsGoneElsewhere) {
-  WordList list = ListOf({"CAT", "DOG"});
-  Board board(ProblemOf({"CA.", "###", "..."}));
+  const WordList list = ListOf({"CAT", "DOG"});
+  const Board board(ProblemOf({"CA.", "###", "..."}));
   Store store(board, list, {});
   ASSERT_TRUE(PropagateAll(store));
   EXPECT_EQ(list.OfLength(3).Text(store.WordOf(1)), "DOG");

@@ -16,15 +16,14 @@ using Choices = std::vector<std::array<int, kLetters>>;
 
 Choices CountChoices(const Store& store, int entry) {
   const Board& board = store.GetBoard();
-  int first = board.Entries()[entry].first;
+  const int first = board.Entries()[entry].first;
   Choices choices(board.Entries()[entry].length);
   for (size_t p = 0; p < choices.size(); ++p) {
-    int crossing = board.Crossing(first + static_cast<int>(p));
-    if (crossing < 0 || !store.Ours(board.EntryOf(crossing))) {
+    const int crossing = board.Crossing(first + static_cast<int>(p));
+    if (crossing < 0 || !store.Ours(board.EntryOf(crossing)))
       choices[p].fill(std::numeric_limits<int>::max());
-    } else {
+    else
       store.CountLetters(board.EntryOf(crossing), crossing, choices[p].data());
-    }
   }
   return choices;
 }
@@ -40,8 +39,8 @@ std::string WhyNoWord(const Problem& problem, const std::string& name) {
 Suggestions Suggest(const Problem& problem, const WordList& words,
                     const Options& options, const std::string& name,
                     int limit) {
-  Board board(problem);
-  int entry = board.Find(name);
+  const Board board(problem);
+  const int entry = board.Find(name);
   if (entry < 0) throw std::invalid_argument(WhyNoWord(problem, name));
   Search::Settings settings;
   settings.limits = {options.minimum, options.shared, {}};
@@ -60,11 +59,10 @@ Suggestions Suggest(const Problem& problem, const WordList& words,
   std::vector<int> fitting(store.SizeOf(entry));
   result.count = store.CopyWords(entry, store.SizeOf(entry), fitting.data());
   const LengthTable& table = store.TableOf(entry);
-  for (int word : fitting) {
+  for (const int word : fitting) {
     int fewest = std::numeric_limits<int>::max();
-    for (int p = 0; p < table.length; ++p) {
+    for (int p = 0; p < table.length; ++p)
       fewest = std::min(fewest, choices[p][table.Letters(word)[p]]);
-    }
     if (fewest == std::numeric_limits<int>::max()) fewest = 0;
     result.words.push_back({table.Text(word), table.scores[word], fewest});
   }
@@ -74,9 +72,8 @@ Suggestions Suggest(const Problem& problem, const WordList& words,
               if (a.choices != b.choices) return a.choices > b.choices;
               return a.word < b.word;
             });
-  if (limit >= 0 && result.words.size() > static_cast<size_t>(limit)) {
+  if (limit >= 0 && result.words.size() > static_cast<size_t>(limit))
     result.words.resize(limit);
-  }
   return result;
 }
 

@@ -28,10 +28,9 @@ bool AddAccented(std::string_view text, size_t& i, std::string& word) {
     i += 2;  // typographic dashes and quotation marks
     return true;
   }
-  if (byte == 0xC3 && i + 1 < text.size() && (text[i + 1] & 0xC0) == 0x80) {
+  if (byte == 0xC3 && i + 1 < text.size() && (text[i + 1] & 0xC0) == 0x80)
     byte = static_cast<unsigned char>((text[++i] & 0x3F) + 0xC0);
-  }
-  char plain = byte < 0xC0 ? ' ' : kPlain[byte - 0xC0];
+  const char plain = byte < 0xC0 ? ' ' : kPlain[byte - 0xC0];
   if (plain == ' ') return false;
   word += plain;
   if (byte == 0xC6 || byte == 0xE6) word += 'E';
@@ -86,11 +85,11 @@ void ParseLine(std::string_view text, ListLine& line) {
   text = Trim(text);
   if (text.empty() || text[0] == '#') return;
   size_t end = text.find_first_of(";\t");
-  bool comma = end == text.npos;
+  const bool comma = end == text.npos;
   if (comma) end = text.find(',');
   if (end != text.npos) {
     std::string_view rest = text.substr(end + 1);
-    int score = ParseScore(rest.substr(0, rest.find_first_of(";\t,")));
+    const int score = ParseScore(rest.substr(0, rest.find_first_of(";\t,")));
     if (score >= 0) {
       line.score = score;
       text = Trim(text.substr(0, end));
@@ -102,15 +101,14 @@ void ParseLine(std::string_view text, ListLine& line) {
   line.word.clear();
   const bool isWord = FoldWord(text, line.word);
   line.folded = line.word != text;
-  if (!isWord) {
+  if (!isWord)
     Refuse(line, Refusal::NoLetter);
-  } else if (line.word.size() < kShortestWord) {
+  else if (line.word.size() < kShortestWord)
     Refuse(line, Refusal::TooShort);
-  } else if (line.word.size() > kLongestWord) {
+  else if (line.word.size() > kLongestWord)
     Refuse(line, Refusal::TooLong);
-  } else {
+  else
     line.kind = ListLine::Kind::Word;
-  }
 }
 
 int64_t LoadReport::Refused() const {
@@ -151,17 +149,15 @@ LoadReport ReadList(const std::string& path, int minimum, int number,
   LineReader reader(path);
   ListLine line;
   for (std::string_view text; reader.Next(text);) {
-    if (reader.LineNumber() == 1 && text.starts_with("\xEF\xBB\xBF")) {
+    if (reader.LineNumber() == 1 && text.starts_with("\xEF\xBB\xBF"))
       text.remove_prefix(3);
-    }
     ParseLine(text, line);
     if (line.kind == ListLine::Kind::Nothing) continue;
     ++report.lines;
     if (line.kind == ListLine::Kind::Refused) {
-      int why = static_cast<int>(line.refusal);
-      if (!report.refused[why]++) {
+      const int why = static_cast<int>(line.refusal);
+      if (!report.refused[why]++)
         report.firstRefused[why] = reader.LineNumber();
-      }
       continue;
     }
     report.folded += line.folded;

@@ -89,32 +89,33 @@ RC_GTEST_PROP(ParseLine, MakesAWordOrARefusalOfAnything,
   if (line.kind != ListLine::Kind::Word) return;
   RC_ASSERT(line.word.size() >= 3u && line.word.size() <= 51u);
   RC_ASSERT(line.score >= 0 && line.score <= 100);
-  for (char c : line.word) RC_ASSERT(c >= 'A' && c <= 'Z');
+  for (const char c : line.word) RC_ASSERT(c >= 'A' && c <= 'Z');
 }
 
 TEST(ReadList, Reports) {
-  TemporaryFile file(
+  const TemporaryFile file(
       "\xEF\xBB\xBFSUN;90\n\n# two\nmoon\nSUN;95\nX1Y\nEH\n"
       "STAR;10\n");
   WordListBuilder builder;
-  LoadReport report = ReadList(file.Path(), 50, 0, builder);
+  const LoadReport report = ReadList(file.Path(), 50, 0, builder);
   EXPECT_EQ(report.Text(),
             file.Path() +
                 ": 2 words; 1 below the minimum score; 1 repeated; 1 folded; "
                 "2 refused (1 shorter than 3 letters, from line 7; 1 not of "
                 "letters A-Z, from line 6)");
-  WordList list = builder.Build();
+  const WordList list = builder.Build();
   EXPECT_EQ(list.ScoreOf("SUN"), 95);
   EXPECT_EQ(list.ScoreOf("MOON"), 50);
   EXPECT_EQ(list.ScoreOf("STAR"), -1);
 }
 
 TEST(ReadList, TheListNamedFirstDecides) {
-  TemporaryFile first("SUN;90\nMOON;20\n"), second("SUN;10\nMOON;80\nSTAR\n");
+  const TemporaryFile first("SUN;90\nMOON;20\n"),
+      second("SUN;10\nMOON;80\nSTAR\n");
   WordListBuilder builder;
   ReadList(first.Path(), 50, 0, builder);
   ReadList(second.Path(), 0, 1, builder);
-  WordList list = builder.Build();
+  const WordList list = builder.Build();
   EXPECT_EQ(list.ScoreOf("SUN"), 90);
   EXPECT_EQ(list.ScoreOf("MOON"), -1);
   EXPECT_EQ(list.ScoreOf("STAR"), 50);
@@ -122,21 +123,21 @@ TEST(ReadList, TheListNamedFirstDecides) {
 
 TEST(ReadList, HostileFilesAreErrorsOrReported) {
   WordListBuilder builder;
-  TemporaryFile empty(""), binary(std::string("CAT\0DOG\n", 8));
-  TemporaryFile wide(std::string(1 << 20, 'A') + "\nCAT\n");
+  const TemporaryFile empty(""), binary(std::string("CAT\0DOG\n", 8));
+  const TemporaryFile wide(std::string(1 << 20, 'A') + "\nCAT\n");
   EXPECT_EQ(ReadList(empty.Path(), 0, 0, builder).taken, 0);
   EXPECT_EQ(ReadList(binary.Path(), 0, 0, builder).Refused(), 1);
   EXPECT_THROW(ReadList(wide.Path(), 0, 0, builder), FileError);
   EXPECT_THROW(ReadList("/no/such/file", 0, 0, builder), FileError);
   EXPECT_THROW(ReadList(testing::TempDir(), 0, 0, builder), FileError);
-  TemporaryFile latin("na\xEFve\n\xFF\xFE\n");
-  LoadReport report = ReadList(latin.Path(), 0, 0, builder);
+  const TemporaryFile latin("na\xEFve\n\xFF\xFE\n");
+  const LoadReport report = ReadList(latin.Path(), 0, 0, builder);
   EXPECT_EQ(report.taken, 1);
   EXPECT_EQ(report.Refused(), 1);
 }
 
 TEST(ReadList, StreamsTenMillionLines) {
-  TemporaryFile file("");
+  const TemporaryFile file("");
   {
     std::ofstream out(file.Path(), std::ios::binary);
     std::string block;
@@ -144,13 +145,13 @@ TEST(ReadList, StreamsTenMillionLines) {
     for (int i = 0; i < 500; ++i) out << block;
   }
   WordListBuilder builder;
-  LoadReport report = ReadList(file.Path(), 0, 0, builder);
+  const LoadReport report = ReadList(file.Path(), 0, 0, builder);
   EXPECT_EQ(report.lines, 10'000'000);
   EXPECT_EQ(report.taken, 2);
 }
 
 TEST(ReadList, MoreThanTwoMillionWordsAreRefused) {
-  TemporaryFile file("");
+  const TemporaryFile file("");
   {
     std::ofstream out(file.Path(), std::ios::binary);
     for (int i = 0; i <= kMostWords; ++i) {
@@ -199,7 +200,7 @@ RC_GTEST_PROP(WordList, HoldsEachWordOnceBestScoreFirst,
     auto [at, isNew] = expected.try_emplace(word, score);
     if (!isNew) at->second = std::max(at->second, score);
   }
-  WordList list = builder.Build();
+  const WordList list = builder.Build();
   const LengthTable& table = list.OfLength(3);
   RC_ASSERT(table.count == static_cast<int>(expected.size()));
   for (int word = 0; word < table.count; ++word) {

@@ -13,14 +13,12 @@ int LengthTable::CountFrom(int score) const {
 
 int LengthTable::Find(std::string_view word) const {
   if (static_cast<int>(word.size()) != length) return -1;
-  for (char c : word) {
+  for (const char c : word)
     if (c < 'A' || c > 'Z') return -1;
-  }
   for (int block = 0; block < blocks; ++block) {
     uint64_t fit = ~uint64_t{0};
-    for (int p = 0; p < length && fit; ++p) {
+    for (int p = 0; p < length && fit; ++p)
       fit &= Support(p, word[p] - 'A')[block];
-    }
     if (fit) return block * 64 + std::countr_zero(fit);
   }
   return -1;
@@ -56,7 +54,7 @@ int WordList::Count() const {
 int WordList::ScoreOf(std::string_view word) const {
   if (word.size() > kLongestWord) return -1;
   const LengthTable& table = tables_[word.size()];
-  int found = table.Find(word);
+  const int found = table.Find(word);
   return found < 0 ? -1 : table.scores[found];
 }
 
@@ -78,13 +76,11 @@ int WordList::LeastScoreAsked(std::string_view mask, int minimum) const {
 
 std::vector<int> WordList::Scores() const {
   std::array<bool, kBestScore + 1> seen{};
-  for (const LengthTable& table : tables_) {
-    for (int score : table.scores) seen[score] = true;
-  }
+  for (const LengthTable& table : tables_)
+    for (const int score : table.scores) seen[score] = true;
   std::vector<int> scores;
-  for (int score = 0; score <= kBestScore; ++score) {
+  for (int score = 0; score <= kBestScore; ++score)
     if (seen[score]) scores.push_back(score);
-  }
   return scores;
 }
 
@@ -93,9 +89,8 @@ WordListBuilder::WordListBuilder() : places_(1 << 12) {}
 // FNV-1a, finished with a multiplication so that the top bits are good.
 static uint64_t Hash(std::string_view word) {
   uint64_t hash = 0xcbf29ce484222325;
-  for (char c : word) {
+  for (const char c : word)
     hash = (hash ^ static_cast<uint8_t>(c)) * 0x100000001b3;
-  }
   return hash * 0x9e3779b97f4a7c15;
 }
 
@@ -183,7 +178,7 @@ class Spread {
     while (std::gcd(step_, size_) > 1) ++step_;
   }
   int Next() {
-    int number = begin_ + at_;
+    const int number = begin_ + at_;
     at_ = static_cast<int>((static_cast<int64_t>(at_) + step_) % size_);
     return number;
   }
@@ -199,20 +194,17 @@ WordList WordListBuilder::Build() {
   // sample and not all of one letter.
   std::vector<std::array<int, kBestScore + 2>> next(kLongestWord + 1);
   for (auto& row : next) row.fill(0);
-  for (const Entry& e : entries_) {
+  for (const Entry& e : entries_)
     if (e.Wanted()) ++next[e.length][kBestScore - e.score + 1];
-  }
   for (int length = kShortestWord; length <= kLongestWord; ++length) {
     auto& row = next[length];
     std::partial_sum(row.begin(), row.end(), row.begin());
     SetSize(list.tables_[length], row.back());
   }
   std::vector<std::array<Spread, kBestScore + 1>> spreads(kLongestWord + 1);
-  for (int length = kShortestWord; length <= kLongestWord; ++length) {
-    for (int i = 0; i <= kBestScore; ++i) {
+  for (int length = kShortestWord; length <= kLongestWord; ++length)
+    for (int i = 0; i <= kBestScore; ++i)
       spreads[length][i] = Spread(next[length][i], next[length][i + 1]);
-    }
-  }
   for (const Entry& e : entries_) {
     if (!e.Wanted()) {
       list.leftOut_[e.length].letters.append(&text_[e.start], e.length);
@@ -220,12 +212,11 @@ WordList WordListBuilder::Build() {
       continue;
     }
     LengthTable& table = list.tables_[e.length];
-    int word = spreads[e.length][kBestScore - e.score].Next();
+    const int word = spreads[e.length][kBestScore - e.score].Next();
     table.scores[word] = e.score;
     uint8_t* letters = &table.letters[static_cast<size_t>(word) * e.length];
-    for (int p = 0; p < e.length; ++p) {
+    for (int p = 0; p < e.length; ++p)
       letters[p] = static_cast<uint8_t>(text_[e.start + p] - 'A');
-    }
   }
   for (LengthTable& table : list.tables_) IndexWords(table);
   return list;
