@@ -54,3 +54,14 @@ std::string UpperCase(std::string_view text) {
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
   return upper;
 }
+
+std::vector<std::string_view> LinesOf(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(end);
+    if (!text.empty()) text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
+  }
+  return lines;
+}

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 inline constexpr std::string_view kLineBreak = "\r\n";
 
@@ -31,6 +32,9 @@ int RoundedQuotient(int dividend, int divisor);
 
 std::string_view Trimmed(std::string_view text);
 std::string UpperCase(std::string_view text);  // A-Z only
+
+// The lines of a text without their ends, which are CR LF, LF or CR.
+std::vector<std::string_view> LinesOf(std::string_view text);
 
 // A text of at most N characters that is held in place.
 template <int N>

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 
 namespace {
 
@@ -24,16 +25,20 @@ std::FILE* OpenRegular(const std::string& path) {
   throw FileError(path + ": this is not a regular file");
 }
 
+std::unique_ptr<std::FILE, FileCloser> OpenToRead(const std::string& path,
+                                                  Opens what) {
+  std::FILE* file = what == Opens::RegularFiles ? OpenRegular(path)
+                    : path == "-" ? fdopen(dup(STDIN_FILENO), "rb")
+                                  : std::fopen(path.c_str(), "rb");
+  if (!file)
+    throw FileNotOpened(path + ": cannot be opened: " + std::strerror(errno));
+  return std::unique_ptr<std::FILE, FileCloser>(file);
+}
+
 }  // namespace
 
 LineReader::LineReader(const std::string& path, Opens what)
-    : path_(path),
-      file_(what == Opens::RegularFiles ? OpenRegular(path)
-            : path == "-"               ? fdopen(dup(STDIN_FILENO), "rb")
-                                        : std::fopen(path.c_str(), "rb")) {
-  if (!file_)
-    throw FileNotOpened(path + ": cannot be opened: " + std::strerror(errno));
-}
+    : path_(path), file_(OpenToRead(path, what)) {}
 
 void LineReader::Fail(std::string_view what) const {
   throw FileError(path_ + ":" + std::to_string(lineNumber_) + ": " +
@@ -91,4 +96,18 @@ void LineReader::TakeRest(std::size_t end) {
   line_.append(buffer_, next_, end - next_);
   next_ = end;
   if (line_.size() > kLongestLine) Fail("the line is too long");
+}
+
+std::string ReadFile(const std::string& path, Opens what) {
+  constexpr std::size_t kLargest = 1 << 26;
+  const std::unique_ptr<std::FILE, FileCloser> file = OpenToRead(path, what);
+  std::string bytes, chunk(kChunk, '\0');
+  while (const std::size_t size =
+             std::fread(chunk.data(), 1, kChunk, file.get())) {
+    bytes.append(chunk, 0, size);
+    if (bytes.size() > kLargest)
+      throw FileError(path + ": the file is larger than 64 MiB");
+  }
+  if (std::ferror(file.get())) FailWith(path, "cannot be read", errno);
+  return bytes;
 }

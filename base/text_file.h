@@ -13,6 +13,10 @@
 // script may want that, a window does not.
 enum class Opens { Anything, RegularFiles };
 
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
 // The lines of a file ("-": of standard input), whose end is CR LF, LF or
 // CR.  A file that begins with
 // many control characters is no text; more than 256 MiB or a line of more
@@ -34,12 +38,8 @@ class LineReader {
   void CheckThatItIsText() const;  // by the first bytes
   void TakeRest(std::size_t end);  // of the buffer, onto the line
 
-  struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
   std::string path_;
-  std::unique_ptr<std::FILE, Closer> file_;
+  std::unique_ptr<std::FILE, FileCloser> file_;
   std::string buffer_;
   std::size_t next_ = 0;  // in buffer_
   std::size_t bytesRead_ = 0;
@@ -47,3 +47,7 @@ class LineReader {
   std::string line_;
   int lineNumber_ = 0;
 };
+
+// All bytes of a file ("-": of standard input).  Throws FileError for one that
+// cannot be read or has more than 64 MiB.
+std::string ReadFile(const std::string& path, Opens what = Opens::Anything);

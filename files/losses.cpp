@@ -10,19 +10,6 @@ namespace {
 
 using CellDiffers = std::function<bool(const Cell&, const Cell&)>;
 
-std::string PlaceText(Pos p) {
-  return "row " + std::to_string(p.row) + ", column " + std::to_string(p.col);
-}
-
-// "1 bar, between ..." or "3 bars, first between ...".
-std::string Counted(int count, std::string_view one, std::string_view many,
-                    std::string_view first) {
-  std::string text = std::to_string(count) + " ";
-  text += count == 1 ? one : many;
-  text += count == 1 ? ", " : ", first ";
-  return text += first;
-}
-
 // A text in quotes, its line breaks as "\n"; a long one is cut.
 std::string Quoted(std::string_view text) {
   constexpr std::size_t kLongest = 60;
@@ -65,7 +52,7 @@ class Comparison {
   }
 
   void Cells() {
-    const auto at = [](Pos p) { return "at " + PlaceText(p); };
+    const auto at = [](Pos p) { return "at " + CellName(p); };
     AddCells(
         "hole", "holes",
         [](const Cell& a, const Cell& b) { return a.kind != b.kind; }, at);
@@ -73,7 +60,7 @@ class Comparison {
         "cell's letters", "cells' letters",
         [](const Cell& a, const Cell& b) { return a.solution != b.solution; },
         [&](Pos p) {
-          return Quoted(document_.At(p).solution) + " at " + PlaceText(p);
+          return Quoted(document_.At(p).solution) + " at " + CellName(p);
         });
     Bars();
     AddCells(
@@ -106,8 +93,8 @@ class Comparison {
         const Pos p = document_.PosOf(i);
         const Pos next =
             Along(p, right ? Direction::Across : Direction::Down, 1);
-        first = "between " + PlaceText(p) + " and " +
-                (document_.Holds(next) ? PlaceText(next) : "the edge");
+        first = "between " + CellName(p) + " and " +
+                (document_.Holds(next) ? CellName(next) : "the edge");
       }
       count += right + below;
     }
@@ -134,7 +121,7 @@ class Comparison {
     for (const Entry& entry : names_.entries)
       if (KeyOf(document_, entry) == key) return entry.Name();
     return (key.direction == Direction::Across ? "across at " : "down at ") +
-           PlaceText(key.first);
+           CellName(key.first);
   }
 
   void AddClues(std::string_view one, std::string_view many,
@@ -160,7 +147,8 @@ class Comparison {
     AddClues("answer that a clue was written for",
              "answers that clues were written for",
              [](const Clue& clue, const Clue* kept) {
-               return kept && clue.answer != kept->answer;
+               return kept && !clue.answer.empty() &&
+                      clue.answer != kept->answer;
              });
   }
 
@@ -187,39 +175,22 @@ class Comparison {
 
 }  // namespace
 
+std::string CellName(Pos p) {
+  return "row " + std::to_string(p.row) + ", column " + std::to_string(p.col);
+}
+
+std::string Counted(std::size_t count, std::string_view one,
+                    std::string_view many, std::string_view first) {
+  std::string text = std::to_string(count) + " ";
+  text += count == 1 ? one : many;
+  text += count == 1 ? ", " : ", first ";
+  return text += first;
+}
+
 std::vector<Loss> LossesBetween(const Document& document,
                                 const Document& kept) {
   assert(document.width == kept.width && document.height == kept.height);
   return Comparison(document, kept).All();
-}
-
-Document WithoutExtras(const Document& document) {
-  Document kept(document.width, document.height);
-  for (std::size_t i = 0; i < document.cells.size(); ++i) {
-    kept.cells[i].kind = document.cells[i].kind;
-    kept.cells[i].solution = document.cells[i].solution;
-  }
-  kept.title = document.title;
-  kept.clues = document.clues;
-  return kept;
-}
-
-void KeepClues(Document& document, std::string (*stored)(std::string_view)) {
-  std::map<ClueKey, Clue> clues;
-  for (const Entry& entry : NumberEntries(document).entries) {
-    const ClueKey key = KeyOf(document, entry);
-    const auto found = document.clues.find(key);
-    if (found == document.clues.end()) continue;
-    const std::string text = stored(found->second.text);
-    if (!text.empty()) clues[key] = {text, WrittenAnswer(document, entry)};
-  }
-  document.clues = std::move(clues);
-}
-
-std::string WrittenAnswer(const Document& document, const Entry& entry) {
-  for (const int cell : entry.cells)
-    if (document.cells[cell].solution.empty()) return "";
-  return AnswerOf(document, entry);
 }
 
 std::string WithPlainLineEnds(std::string_view text) {
@@ -237,10 +208,14 @@ std::string WithPlainLineEnds(std::string_view text) {
 
 std::string OnOneLine(std::string_view text) {
   std::string line = WithPlainLineEnds(text);
-  for (char& c : line)
-    if (c == '\n') c = ' ';
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = line.find_first_not_of(kBlanks);
-  if (first == std::string::npos) return "";
-  return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
+  std::ranges::replace(line, '\n', ' ');
+  return WithoutOuterBlanks(line);
+}
+
+std::string WithoutOuterBlanks(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return "";
+  return std::string(
+      text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
 }

@@ -18,20 +18,16 @@
 // "2 clues, first 17A", "the title \"A\", kept as \"B\"".
 std::vector<Loss> LossesBetween(const Document& document, const Document& kept);
 
-// What every format holds: the kinds of the cells, letters, title, and the
-// clues; all else is as in a new document.
-Document WithoutExtras(const Document& document);
+// "1 bar, between ..." or "3 bars, first between ...".
+std::string Counted(std::size_t count, std::string_view one,
+                    std::string_view many, std::string_view first);
 
-// Makes each clue what a reader makes of it: only those of entries, with the
-// text that `stored` makes of the text (those without one go), written for
-// the answer in the grid.
-void KeepClues(Document& document, std::string (*stored)(std::string_view));
-
-// The answer that a clue in a file was written for: the entry's letters, or
-// "" while one is missing.
-std::string WrittenAnswer(const Document& document, const Entry& entry);
+// Places as messages name them: "row 3, column 4".
+std::string CellName(Pos p);
 
 // Line ends as documents have them: "\n".
 std::string WithPlainLineEnds(std::string_view text);
 // A text on one line: line breaks are blanks, none at its ends.
 std::string OnOneLine(std::string_view text);
+// A text without blanks and empty lines at its ends.
+std::string WithoutOuterBlanks(std::string_view text);

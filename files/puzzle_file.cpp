@@ -1,5 +1,8 @@
 #include "files/puzzle_file.h"
 
+#include <algorithm>
+
+#include "files/kdp.h"
 #include "files/save_file.h"
 #include "grid/drawing.h"
 #include "grid/events.h"
@@ -11,11 +14,6 @@ namespace {
 
 constexpr char kFileBlack = '#';
 constexpr char kFileEmpty = '.';
-
-bool IsControl(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return code < ' ' || code == 127;
-}
 
 char CellFromFile(char c) {
   if (c == kFileEmpty) return kEmptyCell;
@@ -29,27 +27,20 @@ char CellToFile(char cell) {
   return cell;
 }
 
-std::string GridLines(const State& state, std::string_view lineEnd) {
-  std::string text;
-  for (int row = 1; row <= state.GridSize; ++row) {
-    for (int col = 1; col <= state.GridSize; ++col) {
-      const char cell = state.Grid[{row, col}];
-      if (cell != kNoCell) text += CellToFile(cell);
-    }
-    text += lineEnd;
-  }
-  return text;
+std::vector<std::string> RowsInFile(const State& state) {
+  std::vector<std::string> rows(state.GridSize);
+  ForEachCell(state.GridSize, [&](Pos p) {
+    const char cell = state.Grid[p];
+    if (cell != kNoCell) rows[p.row - 1] += CellToFile(cell);
+  });
+  return rows;
 }
 
-// A grid line as cells; one that is too short ends in empty cells.
-std::string CellsOf(std::string_view line, int size, const LineReader& file) {
-  std::string cells(size, kEmptyCell);
-  line = line.substr(0, size);
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    if (IsControl(line[i])) file.Fail("a control character in the grid");
-    cells[i] = CellFromFile(line[i]);
-  }
-  return cells;
+Puzzle PuzzleOf(std::string_view bytes) {
+  KdpText text = ParseKdp(bytes);
+  for (std::string& row : text.rows)
+    std::ranges::transform(row, row.begin(), CellFromFile);
+  return {std::move(text.title), text.size, std::move(text.rows)};
 }
 
 FileRequest RequestPuzzle(FileRequest::Mode mode, std::string title) {
@@ -66,32 +57,21 @@ bool Save(State& state, Host& host, const std::string& path) {
 }  // namespace
 
 Puzzle ReadPuzzle(const std::string& path, Opens what) {
-  LineReader file(path, what);
-  Puzzle puzzle;
-  std::string_view line;
-  if (!file.Next(line)) throw FileError(path + ": the file is empty");
-  puzzle.title = line;
-  if (!file.Next(line)) throw FileError(path + ": there are no grid lines");
-  if (line.size() > MaxGridSize) {
-    file.Fail("the grid is " + std::to_string(line.size()) +
-              " cells wide, more than " + std::to_string(MaxGridSize));
+  try {
+    return PuzzleOf(ReadFile(path, what));
+  } catch (const FormatError& error) {
+    throw FileError(path + ": " + error.what());
   }
-  puzzle.size = static_cast<int>(line.size());
-  if (puzzle.size % 2 == 0) throw EvenGridSize(path);
-  do {
-    puzzle.cells.push_back(CellsOf(line, puzzle.size, file));
-  } while (static_cast<int>(puzzle.cells.size()) < puzzle.size &&
-           file.Next(line));
-  puzzle.cells.resize(puzzle.size, std::string(puzzle.size, kEmptyCell));
-  return puzzle;
 }
 
 std::string PuzzleText(const State& state) {
-  return state.Text5 + std::string(kLineBreak) + GridLines(state, kLineBreak);
+  return TextOfKdp(state.Text5, RowsInFile(state));
 }
 
 std::string GridText(const State& state) {
-  return GridLines(state, "\n");
+  std::string text;
+  for (const std::string& row : RowsInFile(state)) text += row + "\n";
+  return text;
 }
 
 void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle) {
@@ -121,17 +101,21 @@ void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle) {
 
 bool OpenPuzzle(State& state, Host& host, const std::string& path) {
   const FileStamp stamp = StampOf(path);
+  const auto fail = [&](const std::string& why) {
+    host.Tell("error loading: " + path + std::string(kLineBreak) + why);
+    return false;
+  };
   try {
-    const Puzzle puzzle = ReadPuzzle(path, Opens::RegularFiles);
+    const Puzzle puzzle = PuzzleOf(ReadFile(path, Opens::RegularFiles));
     host.Pointer(PointerShape::Hourglass);
     ShowPuzzle(state, host, puzzle);
   } catch (const EvenGridSize&) {
     host.Tell("Grid size must be an odd number");
     return false;
+  } catch (const FormatError& error) {
+    return fail(path + ": " + error.what());
   } catch (const FileError& error) {
-    host.Tell("error loading: " + path + std::string(kLineBreak) +
-              error.what());
-    return false;
+    return fail(error.what());
   }
   state.Caption = "Puzzle File: " + path;
   state.PuzzleFileName = path;

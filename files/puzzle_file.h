@@ -1,10 +1,7 @@
-// Puzzle files (*.kdp): a title line, then a line per grid row, each ended
-// by CR LF.
+// Puzzles as the classic window loads and saves them (files/kdp.h).
 //
-// In the file "#" is a black square and "." an empty cell; every other
-// character is the cell's letter.  The size is the length of the first grid
-// line.  A cell is a byte (ISO 8859-1); the title is whatever bytes the file
-// has, here as in State::Text5, and shown as UTF-8 where that is valid.
+// A cell is a byte (ISO 8859-1); the title is whatever bytes the file has,
+// here as in State::Text5, and shown as UTF-8 where that is valid.
 
 #pragma once
 
@@ -20,16 +17,8 @@ struct Puzzle {
   std::vector<std::string> cells;  // size rows of size cells, as in CellGrid
 };
 
-class EvenGridSize : public FileError {
- public:
-  explicit EvenGridSize(const std::string& path)
-      : FileError(path + ":2: Grid size must be an odd number") {}
-};
-
-// Reads a puzzle.  Cells that a short or missing line leaves out are empty;
-// lines after the last row are passed over.  Throws FileError for a file that
-// is no puzzle or larger than the largest grid, EvenGridSize for one of even
-// size.
+// Reads a puzzle.  Throws FileError for a file that is no puzzle of odd size
+// or larger than the largest grid.
 Puzzle ReadPuzzle(const std::string& path, Opens what = Opens::Anything);
 
 // The text of a puzzle file for the grid as it is.
