@@ -4,7 +4,6 @@
 
 #include "base/utf8.h"
 #include "files/tidy.h"
-#include "puzzle/numbering.h"
 
 namespace {
 
@@ -87,13 +86,16 @@ Document FitInto(const Document& document, const Capacity& holds) {
   return fitted;
 }
 
+std::string WrittenAnswer(const Document& document, const Entry& entry) {
+  for (const int cell : entry.cells)
+    if (document.cells[cell].solution.empty()) return "";
+  return AnswerOf(document, entry);
+}
+
 void TakeAnswersFromGrid(Document& document) {
   for (const Entry& entry : NumberEntries(document).entries) {
     const auto clue = document.clues.find(KeyOf(document, entry));
-    if (clue == document.clues.end()) continue;
-    const bool complete = std::ranges::none_of(entry.cells, [&](int cell) {
-      return document.cells[cell].solution.empty();
-    });
-    clue->second.answer = complete ? AnswerOf(document, entry) : "";
+    if (clue != document.clues.end())
+      clue->second.answer = WrittenAnswer(document, entry);
   }
 }

@@ -3,9 +3,10 @@
 
 #pragma once
 
+#include <string>
 #include <string_view>
 
-#include "puzzle/document.h"
+#include "puzzle/numbering.h"
 
 struct Capacity {
   enum class Shades { None, OneColour, AnyColour };
@@ -35,6 +36,8 @@ inline constexpr Colour kPlainShade{200, 200, 200};
 // The tidy document (files/tidy.h) without what cannot be held.
 Document FitInto(const Document& document, const Capacity& capacity);
 
-// Every clue was written for what the grid holds; for nothing while a letter
-// is missing.
+// The answer that a clue in a file was written for: the entry's letters, or
+// "" while one is missing.
+std::string WrittenAnswer(const Document& document, const Entry& entry);
+// Takes that as the answer of every clue.
 void TakeAnswersFromGrid(Document& document);

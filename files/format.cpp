@@ -4,13 +4,15 @@
 #include <array>
 
 #include "base/text.h"
+#include "files/ipuz.h"
+#include "files/jpz.h"
 #include "files/kdp.h"
 #include "files/losses.h"
 #include "files/tidy.h"
 
 namespace {
 
-constexpr std::array<const Format*, 1> kFormats = {&kKdpFormat};
+constexpr std::array kFormats = {&kIpuzFormat, &kJpzFormat, &kKdpFormat};
 
 }  // namespace
 

@@ -55,19 +55,3 @@ TEST(Losses, NameEachKindWithItsFirstPlace) {
           "2 rejected words, first BAD", "the house rules \"strict\"",
           "1 further field, date"}));
 }
-
-TEST(Losses, CluesAreKeptForEntriesWithTheAnswerOfTheGrid) {
-  Document document(3, 3);
-  document.At({2, 2}).kind = Cell::Kind::Block;
-  for (int col = 1; col <= 3; ++col)
-    document.At({1, col}).solution = std::string(1, "CAT"[col - 1]);
-  document.clues[{Direction::Across, {1, 1}}] = {"Pet\r\n once ", "DOG"};
-  document.clues[{Direction::Down, {1, 1}}] = {"Open", "CAR"};
-  document.clues[{Direction::Across, {3, 1}}] = {" ", ""};
-  document.clues[{Direction::Down, {1, 2}}] = {"No entry", ""};
-  KeepClues(document, OnOneLine);
-  EXPECT_EQ(document.clues,
-            (std::map<ClueKey, Clue>{
-                {{Direction::Across, {1, 1}}, {"Pet  once", "CAT"}},
-                {{Direction::Down, {1, 1}}, {"Open", ""}}}));
-}

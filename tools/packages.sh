@@ -2,6 +2,7 @@
 build_packages=(
   g++ cmake ninja-build python3          # tools
   libcli11-dev nlohmann-json3-dev        # command line
+  libpugixml-dev libzip-dev              # puzzle files
   qt6-base-dev                           # window, paper and pictures
   libcups2-dev fonts-liberation          # printing, and its fonts
   wordnet-base                           # meanings of words
