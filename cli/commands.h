@@ -28,3 +28,5 @@ void AddAutofillCommand(CLI::App& app, int& status);
 void AddSuggestCommand(CLI::App& app, int& status);
 void AddSheetCommand(CLI::App& app, int& status);
 void AddPictureCommand(CLI::App& app, int& status);
+void AddConvertCommand(CLI::App& app, int& status);
+void AddInfoCommand(CLI::App& app, int& status);

@@ -33,6 +33,8 @@ int Run(int argc, char** argv) {
   AddSuggestCommand(app, status);
   AddSheetCommand(app, status);
   AddPictureCommand(app, status);
+  AddConvertCommand(app, status);
+  AddInfoCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

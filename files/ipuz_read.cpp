@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <charconv>
-#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "base/text.h"
@@ -9,23 +7,13 @@
 #include "files/clue_reader.h"
 #include "files/colour_text.h"
 #include "files/ipuz.h"
+#include "files/ipuz_own_keys.h"
+#include "files/json_text.h"
 #include "files/losses.h"
 #include "files/markup.h"
 #include "files/tidy.h"
 
 namespace {
-
-using Json = nlohmann::json;
-
-constexpr int kDeepest = 100;  // lists within lists
-
-// The message of the library without its own names: "line 1, column 8: ...".
-std::string PlainMessage(std::string_view what) {
-  if (what.starts_with('[')) what.remove_prefix(what.find("] ") + 2);
-  constexpr std::string_view kPrefix = "parse error at ";
-  if (what.starts_with(kPrefix)) what.remove_prefix(kPrefix.size());
-  return std::string(what);
-}
 
 // The object in a call such as "ipuz({...})".
 std::string_view WithoutCall(std::string_view bytes) {
@@ -37,58 +25,13 @@ std::string_view WithoutCall(std::string_view bytes) {
              : bytes.substr(open + 1, close - open - 1);
 }
 
-Json Parse(std::string_view bytes) {
-  const auto limitDepth = [](int depth, Json::parse_event_t, Json&) {
-    if (depth > kDeepest) throw FormatError("lists within lists, too deep");
-    return true;
-  };
-  try {
-    return Json::parse(bytes, limitDepth);
-  } catch (const Json::exception& error) {
-    throw FormatError(PlainMessage(error.what()));
-  }
-}
-
-const Json* Find(const Json& object, std::string_view key) {
-  if (!object.is_object()) return nullptr;
-  const auto found = object.find(key);
-  return found == object.end() ? nullptr : &*found;
-}
-
-// A text or a number as text; "" for anything else.
-std::string TextOf(const Json& value) {
-  if (value.is_string()) return value.get<std::string>();
-  return value.is_number() ? value.dump() : "";
-}
-
-// A whole number, also as text; 0 for anything else.
-int NumberOf(const Json& value) {
-  const std::string text = TextOf(value);
-  int number = 0;
-  const auto [end, error] =
-      std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool isWhole = error == std::errc() && end == text.data() + text.size();
-  return isWhole ? number : 0;
-}
-
-std::optional<ClueKey> PlaceOf(const Json& value) {
-  const Json* direction = Find(value, "direction");
-  const Json* row = Find(value, "row");
-  const Json* column = Find(value, "column");
-  if (!direction || !row || !column) return std::nullopt;
-  const std::string name = TextOf(*direction);
-  if (name != "Across" && name != "Down") return std::nullopt;
-  return ClueKey{name == "Across" ? Direction::Across : Direction::Down,
-                 {NumberOf(*row), NumberOf(*column)}};
-}
-
 class IpuzReader {
  public:
   explicit IpuzReader(std::string_view bytes) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(kMark)) bytes.remove_prefix(kMark.size());
     if (!IsUtf8(bytes)) PassOver("the text is no UTF-8; taken as ISO 8859-1");
-    root_ = Parse(WithoutCall(FromUnknown(bytes)));
+    root_ = ParseJson(WithoutCall(FromUnknown(bytes)));
     if (!root_.is_object()) throw FormatError("an object was expected");
   }
 
@@ -99,7 +42,7 @@ class IpuzReader {
     ReadSolution();
     ReadTexts();
     ReadClues();
-    ReadOurs();
+    ReadIpuzOwnKeys(root_, reading_);
     KeepExtras();
     TellOdd();
     return std::move(reading_);
@@ -134,8 +77,6 @@ class IpuzReader {
   void ReadClue(const Json& value, Direction direction);
   void ReadClueKeys(const Json& value, ListedClue& clue);
   void ReadClueCells(const Json& cells, ListedClue& clue);
-  void ReadOurs();
-  void ReadOtherClues(const Json& list);
   void KeepExtras();
   void TellOdd();
 
@@ -206,7 +147,7 @@ void IpuzReader::ReadPuzzle() {
       ReadCell(row[i % width], i);
     } else {
       Puzzle().cells[i].kind = Cell::Kind::Void;
-      NoteOdd("beyond the end of its row, taken as a hole", i);
+      NoteOdd("left out of the file, taken for holes", i);
     }
   }
 }
@@ -318,9 +259,9 @@ void IpuzReader::ReadLetters(const Json& value, int index) {
   Cell& cell = Puzzle().cells[index];
   if (cell.kind != Cell::Kind::White) {
     if (!isMark && !Trimmed(text).empty())
-      NoteOdd("that has letters but is not white", index);
+      NoteOdd("with letters but not white", index);
   } else if (isMark) {
-    NoteOdd("that is white in the puzzle and a block in the solution", index);
+    NoteOdd("white in the puzzle, a block in the solution", index);
   } else if (letters != 0 && !Trimmed(text).empty()) {
     cell.solution = text;
   }
@@ -417,37 +358,6 @@ void IpuzReader::ReadClueCells(const Json& cells, ListedClue& clue) {
   for (const Json& cell : cells)
     if (cell.is_array() && cell.size() == 2)
       clue.cells.push_back({NumberOf(cell[1]), NumberOf(cell[0])});
-}
-
-void IpuzReader::ReadOurs() {
-  if (const Json* pins = Find(root_, kIpuzPins))
-    for (const Json& pin : *pins)
-      if (const auto key = PlaceOf(pin)) Puzzle().pins.insert(*key);
-  if (const Json* words = Find(root_, kIpuzRejected))
-    for (const Json& word : *words)
-      if (word.is_string()) Puzzle().rejected.insert(word.get<std::string>());
-  if (const Json* name = Find(root_, kIpuzRuleSet))
-    Puzzle().ruleSet = TextOf(*name);
-  if (const Json* others = Find(root_, kIpuzOtherClues))
-    ReadOtherClues(*others);
-  if (const Json* symmetry = Find(root_, kIpuzSymmetry)) {
-    const auto name = std::ranges::find(kIpuzSymmetries, TextOf(*symmetry));
-    if (name == kIpuzSymmetries.end())
-      PassOver("a symmetry that is not known");
-    else
-      Puzzle().symmetry = static_cast<Symmetry>(name - kIpuzSymmetries.begin());
-  }
-}
-
-void IpuzReader::ReadOtherClues(const Json& list) {
-  for (const Json& other : list) {
-    const auto key = PlaceOf(other);
-    const Json* text = Find(other, "clue");
-    const Json* answer = Find(other, "answer");
-    if (key && text)
-      Puzzle().clues.try_emplace(
-          *key, Clue{HtmlOf(*text), answer ? TextOf(*answer) : ""});
-  }
 }
 
 void IpuzReader::KeepExtras() {

@@ -172,7 +172,7 @@ void JpzReader::ReadGrid(Node grid) {
   for (int i = 0; i < static_cast<int>(isThere.size()); ++i) {
     if (isThere[i]) continue;
     Puzzle().cells[i].kind = Cell::Kind::Void;
-    NoteOdd("that is not told of, taken as a hole", i);
+    NoteOdd("left out of the file, taken for holes", i);
   }
   if (outside > 0)
     PassOver(std::to_string(outside) + " cells outside the grid");
@@ -231,6 +231,16 @@ void JpzReader::ReadBars(Node node, Pos p) {
     puzzle.At(left).barRight = true;
 }
 
+// A text on one line: XML is indented as its program likes.
+std::string Folded(std::string_view text) {
+  std::string folded;
+  for (const std::string_view line : LinesOf(text)) {
+    const std::string part = OnOneLine(line);
+    if (!part.empty()) folded += (folded.empty() ? "" : " ") + part;
+  }
+  return folded;
+}
+
 std::string JpzReader::TextOf(Node node) {
   TextWalker walker;
   node.traverse(walker);
@@ -244,15 +254,15 @@ void JpzReader::ReadMetadata(Node metadata) {
     TextWalker walker;
     node.traverse(walker);
     if (name == "title")
-      Puzzle().title = OnOneLine(walker.text);
+      Puzzle().title = Folded(walker.text);
     else if (name == "creator")
-      Puzzle().author = OnOneLine(walker.text);
+      Puzzle().author = Folded(walker.text);
     else if (name == "copyright")
-      Puzzle().copyright = OnOneLine(walker.text);
+      Puzzle().copyright = Folded(walker.text);
     else if (name == "description")
       Puzzle().notes = WithoutOuterBlanks(walker.text);
-    else if (!OnOneLine(walker.text).empty())
-      PassOver("the " + std::string(name) + ", " + OnOneLine(walker.text));
+    else if (!Folded(walker.text).empty())
+      PassOver("the " + std::string(name) + ", " + Folded(walker.text));
   }
 }
 
@@ -277,7 +287,7 @@ void JpzReader::ReadClues(Node crossword) {
 
 void JpzReader::ReadClue(Node node, std::string_view title, ClueReader& clues) {
   ListedClue clue;
-  clue.text = OnOneLine(TextOf(node));
+  clue.text = Folded(TextOf(node));
   clue.label = Trimmed(Attribute(node, "number"));
   if (const auto format = Attribute(node, "format"); !format.empty())
     clue.text = WithEnumeration(clue.text, std::string(format));
