@@ -10,6 +10,7 @@ namespace {
 
 constexpr char kBlock = '#';
 constexpr char kEmpty = '.';
+constexpr std::size_t kLongestLine = 1 << 16;
 
 bool IsControl(char c) {
   const auto code = static_cast<unsigned char>(c);
@@ -140,8 +141,11 @@ constexpr Format kKdpFormat{"kdp",      "Kelda grid", "*.kdp", kKdpHolds,
                             Recognises, Decode,       Encode};
 
 KdpText ParseKdp(std::string_view bytes) {
+  if (bytes.find('\0') != bytes.npos)
+    throw FormatError("this is not a text file");
   const std::vector<std::string_view> lines = LinesOf(bytes);
   if (lines.empty()) throw FormatError("the file is empty");
+  if (lines[0].size() > kLongestLine) Fail(1, "the line is too long");
   if (lines.size() == 1) throw FormatError("there are no grid lines");
   const std::size_t width = lines[1].size();
   if (width > kLargestSide)

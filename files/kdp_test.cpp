@@ -32,6 +32,7 @@ TEST(Kdp, RefusesWhatIsNone) {
        std::vector<std::pair<std::string, std::string>>{
            {"", "the file is empty"},
            {"t\n", "there are no grid lines"},
+           {std::string("t\n...\n\0", 7), "this is not a text file"},
            {"t\n....\n", "line 2: Grid size must be an odd number"},
            {"t\n.\n", "the grid is 1 x 1 cells; 3 to 51 a side can be read"},
            {"t\n" + std::string(53, '.'),
