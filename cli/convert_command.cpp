@@ -3,13 +3,14 @@
 #include <iostream>
 
 #include "cli/commands.h"
-#include "cli/drawing_files.h"
+#include "cli/output.h"
 #include "files/format.h"
 
 namespace {
 
 struct Options {
-  std::string in, out, to;
+  std::string in, to;
+  Output out;
   bool strict = false;
 };
 
@@ -25,10 +26,10 @@ std::string CheckFormat(const std::string& id) {
 }
 
 int RunConvert(const Options& options) {
-  const Format* format =
-      options.to.empty() ? FormatOfName(options.out) : FindFormat(options.to);
+  const Format* format = options.to.empty() ? FormatOfName(options.out.name)
+                                            : FindFormat(options.to);
   if (!format) {
-    std::cerr << "kelda-cli: " << options.out
+    std::cerr << "kelda-cli: " << options.out.name
               << ": the name tells no format; choose one with --to: "
               << FormatIds() << "\n";
     return kWrongUsage;
@@ -38,16 +39,16 @@ int RunConvert(const Options& options) {
   for (const std::string& text : opened.reading.passedOver)
     std::cerr << "passed over: " << text << "\n";
   if (const std::string why = format->Refusal(document); !why.empty()) {
-    std::cerr << "kelda-cli: " << options.out << ": " << why << "\n";
+    std::cerr << "kelda-cli: " << options.out.name << ": " << why << "\n";
     return kNotCompleted;
   }
   const std::vector<Loss> losses = format->Losses(document);
   for (const Loss& loss : losses) std::cerr << "lost: " << loss.text << "\n";
   if (options.strict && !losses.empty()) {
-    std::cerr << "kelda-cli: " << options.out << ": nothing was written\n";
+    std::cerr << "kelda-cli: " << options.out.name << ": nothing was written\n";
     return kNotCompleted;
   }
-  WriteOutput(options.out, format->Write(document));
+  Write(options.out, format->Write(document));
   return kDone;
 }
 
@@ -65,7 +66,10 @@ void AddConvertCommand(CLI::App& app, int& status) {
       "          kelda-cli convert --strict puzzle.ipuz puzzle.jpz\n"
       "          kelda-cli convert puzzle.jpz - --to xd");
   command->add_option("IN", options->in, "Puzzle file")->required();
-  command->add_option("OUT", options->out, "Puzzle file to write")->required();
+  command->add_option("OUT", options->out.name, "Puzzle file to write")
+      ->required();
+  command->add_flag("--force", options->out.force,
+                    "Replace a write-protected file");
   command->add_option("--to", options->to, "Format of OUT: " + FormatIds())
       ->option_text("FORMAT")
       ->check(CheckFormat);
