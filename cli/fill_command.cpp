@@ -70,7 +70,7 @@ int RunFill(const Options& options) {
              << " candidates tried, " << report.backtracks << " backtracks, "
              << seconds.count() << " seconds\n";
   if (!options.out.name.empty() && report.outcome != FillOutcome::Refused)
-    Write(options.out, PuzzleText(session.state));
+    Write(options.out, session.FileFor(options.out.name));
   if (report.outcome != FillOutcome::Completed) return kNotCompleted;
   const int empty = CountUnfilled(session.state);
   if (empty == 0) return kDone;
@@ -111,7 +111,8 @@ void AddFillCommand(CLI::App& app, int& status) {
       ->delimiter(',')
       ->check(CLI::IsMember({"abort", "retry", "ignore"}));
   command->add_flag("--log", options->log, "Print every line of the log");
-  AddOutput(*command, options->out, "Puzzle file to write");
+  AddOutput(*command, options->out,
+            "Puzzle file to write, of the format of its ending");
   command
       ->add_option("--seed", options->seed,
                    "Make the random choices repeatable")

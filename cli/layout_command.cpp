@@ -7,7 +7,6 @@
 #include "cli/interrupt.h"
 #include "cli/output.h"
 #include "cli/session.h"
-#include "files/puzzle_file.h"
 #include "layout/generate.h"
 #include "layout/split.h"
 
@@ -41,7 +40,7 @@ int RunLayout(const LayoutOptions& options) {
     RandomBlackSquares(session.state, session.host);
   else
     TwoByTwoLayout(session.state, session.host);
-  Write(options.out, PuzzleText(session.state));
+  Write(options.out, session.FileFor(options.out.name));
   if (IsShort(session.state, options)) {
     std::cerr << "kelda-cli: stopped short of " << session.state.BlackTarget
               << " black squares\n";
@@ -58,7 +57,7 @@ int RunSplit(const std::string& puzzle, const Output& out,
   if (seed) session.host.Seed(*seed);
   const int before = session.state.BlackSquareCount;
   SplitMaxLine(session.state, session.host);
-  if (!out.name.empty()) Write(out, PuzzleText(session.state));
+  if (!out.name.empty()) Write(out, session.FileFor(out.name));
   return session.state.BlackSquareCount > before ? kDone : kNotCompleted;
 }
 
@@ -93,7 +92,8 @@ void AddLayoutCommand(CLI::App& app, int& status) {
       ->check(CLI::Validator(CheckSeed, ""));
   command->add_flag("--no-split", options->noSplit,
                     "Leave a 2x2 lattice as it is");
-  AddOutput(*command, options->out, "Puzzle file to write")
+  AddOutput(*command, options->out,
+            "Puzzle file to write, of the format of its ending")
       ->capture_default_str();
   command->callback([options, &status] { status = RunLayout(*options); });
 }
@@ -109,7 +109,8 @@ void AddSplitCommand(CLI::App& app, int& status) {
       "split", "Split the longest slot by a pair of black squares.");
   command->footer("Example: kelda-cli split layout.kdp -o split.kdp");
   command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
-  AddOutput(*command, options->out, "Puzzle file to write");
+  AddOutput(*command, options->out,
+            "Puzzle file to write, of the format of its ending");
   command
       ->add_option("--seed", options->seed,
                    "Make the random choices repeatable")

@@ -16,6 +16,7 @@ int Run(int argc, char** argv) {
   app.footer(
       "A file name of - is standard input or output, so commands chain:\n"
       "  kelda-cli layout 2x2 --size 15 | kelda-cli check -\n"
+      "Puzzle files may be .ipuz, .jpz, .puz, .xd, Across Lite text or .kdp.\n"
       "Each command tells more: kelda-cli fill --help\n"
       "Exit status: 0 done, 1 refused or not completed, 2 wrong usage,\n"
       "3 a file cannot be read or written.");

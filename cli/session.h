@@ -13,6 +13,7 @@
 #include "base/file_error.h"
 #include "dictionary/word_table.h"
 #include "grid/state.h"
+#include "puzzle/document.h"
 
 // A program that has to end, for a reason that names no file.
 class ProgramEnd : public FileError {
@@ -63,8 +64,16 @@ struct CliSession {
   WordTable words;
   CliHost host{state};
 
-  // Opens a puzzle file; "-" is standard input.
+  // Opens a puzzle file of any format; "-" is standard input.  Throws
+  // FileError for a puzzle that is no odd square or has bars, holes or cells
+  // of several letters.  What was passed over is told on standard error.
   void OpenPuzzle(const std::string& path);
+  // The puzzle as a file of the format that a name's ending tells, .kdp where
+  // it tells none.  What is lost is told on standard error.
+  std::string FileFor(const std::string& name) const;
   // Loads a word list: a file, or 1, 2 or 3 for a level.
   void LoadWords(const std::string& list);
+
+ private:
+  Document opened_;  // what the file held beside the grid
 };

@@ -64,6 +64,10 @@ Puzzle ReadPuzzle(const std::string& path, Opens what) {
   }
 }
 
+Puzzle ClassicPuzzle(const Document& document) {
+  return PuzzleOf(kKdpFormat.Write(document));
+}
+
 std::string PuzzleText(const State& state) {
   return TextOfKdp(state.Text5, RowsInFile(state));
 }

@@ -10,6 +10,7 @@
 
 #include "base/text_file.h"
 #include "grid/state.h"
+#include "puzzle/document.h"
 
 struct Puzzle {
   std::string title;
@@ -20,6 +21,8 @@ struct Puzzle {
 // Reads a puzzle.  Throws FileError for a file that is no puzzle of odd size
 // or larger than the largest grid.
 Puzzle ReadPuzzle(const std::string& path, Opens what = Opens::Anything);
+// The title and the grid of a document, as far as a .kdp file can hold them.
+Puzzle ClassicPuzzle(const Document& document);
 
 // The text of a puzzle file for the grid as it is.
 std::string PuzzleText(const State& state);

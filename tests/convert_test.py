@@ -101,6 +101,28 @@ class ConvertTest(unittest.TestCase):
                                       "known format\n")
         self.assertFalse(out.exists())
 
+    def test_classic_commands_take_every_format(self):
+        ring = {**MINI, "dimensions": {"width": 5, "height": 5},
+                "puzzle": [[1, 0, 0, 0, 2]] + [[0, "#", "#", "#", 0]] * 3 +
+                          [[3, 0, 0, 0, 0]], "solution": None}
+        path = self.folder / "ring.ipuz"
+        path.write_text(json.dumps(ring))
+        out = self.folder / "full.ipuz"
+        self.assertEqual(self.run_cli("inspect", "numbers", path),
+                         b"01,01 1\n01,05 2\n05,01 3\n")
+        self.run_cli("fill", path, "-d", 1, "--seed", 1, "-o", out)
+        full = json.loads(out.read_text())
+        self.assertEqual(full["puzzle"], ring["puzzle"])
+        self.assertTrue(all(full["solution"][0]))
+        self.assertEqual(full["publisher"], "P")
+        self.assertEqual(full["clues"]["Across"][0],
+                         {"number": 1, "clue": "Pet", "org.kelda:answer": ""})
+        self.run_cli("check", self.mini, status=3)
+        self.assertIn("mini.ipuz: this command takes odd squares without "
+                      "bars, holes and cells of several letters: 1 bar, "
+                      "between row 2, column 1 and row 3, column 1\n",
+                      self.stderr)
+
     def test_info(self):
         info = json.loads(self.run_cli("info", self.mini, "--json"))
         self.assertEqual(
