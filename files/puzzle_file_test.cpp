@@ -83,7 +83,8 @@ TEST(PuzzleFile, AFailedLoadSaysWhyOnTheSecondLine) {
        std::vector<std::pair<std::string, std::string>>{
            {"", ": the file is empty"},
            {"t\n", ": there are no grid lines"},
-           {"t\n...\n.\x01.\n...\n", ":3: a control character in the grid"}}) {
+           {"t\n...\n.\x01.\n...\n",
+            ": line 3: a control character in the grid"}}) {
     const std::string path = folder.Write("x.kdp", content);
     Desk desk;
     EXPECT_FALSE(OpenPuzzle(desk.state, desk.host, path));
