@@ -2,13 +2,13 @@
 
 #include <iostream>
 
-#include "base/write_file.h"
 #include "cli/autofill_files.h"
 #include "cli/autofill_lists.h"
 #include "cli/autofill_report.h"
 #include "cli/checks.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
+#include "files/format.h"
 
 namespace {
 
@@ -62,14 +62,22 @@ void Fill(const Arguments& arguments, const WordList& words,
     report.fills = {report.result};
 }
 
-void WriteFills(const AutofillFiles& files, const AutofillReport& report) {
+// That of the output's ending, else the puzzle's own.
+const Format& FormatFor(const AutofillFiles& files, const std::string& name,
+                        const OpenedDocument& opened) {
+  const Format* byName = FormatOfName(files.PathOf(name, 0));
+  return byName ? *byName : *opened.format;
+}
+
+void WriteFills(const AutofillFiles& files, const Format& format,
+                const AutofillReport& report) {
   for (int i = 0; i < static_cast<int>(report.fills.size()); ++i) {
-    const std::string text = PuzzleText(report.Filled(report.fills[i]));
-    if (files.out == "-")
-      std::cout << text;
-    else
-      WriteFile(files.PathOf(report.name, i), text,
-                {.replaceProtected = files.force});
+    const Document filled = report.Filled(report.fills[i]);
+    if (i == 0)
+      for (const Loss& loss : format.Losses(filled))
+        std::cerr << "lost: " << loss.text << "\n";
+    Write({files.PathOf(report.name, i), files.out.force},
+          format.Write(filled));
   }
 }
 
@@ -83,7 +91,7 @@ void PrintFills(const AutofillReport& report) {
 }
 
 void Tell(const Arguments& arguments, const AutofillReport& report) {
-  std::ostream& out = arguments.files.out == "-" ? std::cerr : std::cout;
+  std::ostream& out = arguments.files.out.name == "-" ? std::cerr : std::cout;
   if (arguments.json)
     out << JsonOf(report) << std::endl;
   else
@@ -96,12 +104,19 @@ int RunPuzzle(const Arguments& arguments, const std::string& name,
               const WordList& words) {
   AutofillReport report;
   report.name = name;
-  report.document = ReadPuzzleOrGrid(name);
+  OpenedDocument opened = ReadDocument(name);
+  for (const std::string& text : opened.reading.passedOver)
+    std::cerr << "passed over: " << text << "\n";
+  const Format& format = FormatFor(arguments.files, name, opened);
+  const std::string refusal = format.Refusal(opened.reading.document);
+  if (!arguments.files.out.name.empty() && !refusal.empty())
+    throw FileError(arguments.files.PathOf(name, 0) + ": " + refusal);
+  report.document = std::move(opened.reading.document);
   report.problem = autofill::ProblemOf(report.document);
   Fill(arguments, words, report);
   Tell(arguments, report);
-  if (!arguments.files.out.empty())
-    WriteFills(arguments.files, report);
+  if (!arguments.files.out.name.empty())
+    WriteFills(arguments.files, format, report);
   else if (!arguments.json)
     PrintFills(report);
   const bool done =
@@ -173,11 +188,12 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
       .add_option("--no-shared", options.shared,
                   "No two entries share so many letters in a row")
       ->check(CLI::Range(2, 51));
-  command.add_option("-o,--output", arguments.files.out,
+  command.add_option("-o,--output", arguments.files.out.name,
                      "Puzzle file to write, or a folder; with several puzzles "
                      "always a folder");
-  command.add_flag("--force", arguments.files.force,
-                   "Replace files that are in the folder already");
+  command.add_flag("--force", arguments.files.out.force,
+                   "Replace files that are in the folder already, and "
+                   "write-protected ones");
   command.add_flag("--json", arguments.json, "A JSON object for each puzzle");
 }
 

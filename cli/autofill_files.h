@@ -5,13 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "puzzle/document.h"
+#include "cli/output.h"
 
 struct AutofillFiles {
-  std::string out;  // a file, a folder or "-"; "" for none
+  Output out;  // a file, a folder or "-"; by force also what is in a folder
   std::vector<std::string> puzzles;
-  int count = 1;       // fills of each puzzle
-  bool force = false;  // replace what is in the folder
+  int count = 1;  // fills of each puzzle
 
   // Whether `out` is a folder: it is one, ends with "/", or there are several
   // puzzles.
@@ -20,11 +19,7 @@ struct AutofillFiles {
   // it get "-2" and so on.
   std::string PathOf(const std::string& puzzle, int fill) const;
   // Makes the folder.  Throws FileError, before anything is written, where a
-  // fill would take the place of another, or without `force` of a file that
+  // fill would take the place of another, or without force of a file that
   // is in the folder.
   void Reserve() const;
 };
-
-// A puzzle file, or only the rows of a grid, which then have no title.
-Document ReadPuzzleOrGrid(const std::string& path);
-std::string PuzzleText(const Document& document);

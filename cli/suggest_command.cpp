@@ -5,9 +5,9 @@
 #include <nlohmann/json.hpp>
 
 #include "autofill/autofill.h"
-#include "cli/autofill_files.h"
 #include "cli/autofill_lists.h"
 #include "cli/commands.h"
+#include "files/format.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ struct Arguments {
 
 int RunSuggest(const Arguments& arguments) {
   const autofill::Problem problem =
-      autofill::ProblemOf(ReadPuzzleOrGrid(arguments.puzzle));
+      autofill::ProblemOf(ReadDocument(arguments.puzzle).reading.document);
   const WordList words = LoadLists(arguments.lists);
   autofill::Suggestions found;
   try {

@@ -89,6 +89,33 @@ def check_outcomes(folder):
     assert done.stdout.splitlines()[1:4] == ["+.T##", "##E##", "##N##"], done
 
 
+def check_formats(folder):
+    """Any format goes in, that of the output's ending comes out."""
+    path = puzzle(folder, "a.kdp", ["C..", ".#.", "..."])
+    run("convert", path, folder / "a.ipuz")
+    report = json.loads(run("autofill", path, "--json").stdout)
+    rows = report["fills"][0]["rows"]
+    run("autofill", folder / "a.ipuz", "-o", folder / "full.kdp")
+    assert (folder / "full.kdp").read_text().split()[2:] == rows
+    run("autofill", path, "-o", folder / "full.ipuz")
+    full = json.loads((folder / "full.ipuz").read_text())
+    assert ["".join(row) for row in full["solution"]] == rows, full
+    out = folder / "out"
+    run("autofill", folder / "a.ipuz", "-o", f"{out}/")
+    assert json.loads((out / "a.ipuz").read_text())["title"] == "A title"
+    done = run("suggest", folder / "a.ipuz", "1A", "--limit", 1)
+    assert done.stdout.startswith("C"), done
+
+    # A rectangle fills, but is no .kdp file.
+    full["dimensions"] = {"width": 3, "height": 4}
+    full["solution"] = full["puzzle"] = [[0] * 3] * 4
+    wide = folder / "wide.ipuz"
+    wide.write_text(json.dumps(full))
+    assert len(run("autofill", wide).stdout.split("\n")) > 4
+    done = run("autofill", wide, "-o", folder / "wide.kdp", status=3)
+    assert "3 x 4 cells" in done.stderr, done
+
+
 def check_errors(folder):
     path = puzzle(folder, "a.kdp", ["...", "...", "..."])
     run("autofill", status=2)
@@ -168,8 +195,8 @@ def check_interrupt(folder):
 
 
 with tempfile.TemporaryDirectory() as name:
-    for check in (check_files, check_outcomes, check_errors, check_batch,
-                  check_interrupt):
+    for check in (check_files, check_outcomes, check_formats, check_errors,
+                  check_batch, check_interrupt):
         folder = pathlib.Path(name) / check.__name__
         folder.mkdir()
         check(folder)
