@@ -13,8 +13,8 @@
 
 namespace autofill {
 
-// Why are, of the words of `entry`, all those dead that have one of the
-// asked letters, from literals that held before `event`?
+// Which literals, all true before `event`, rule out every word of `entry` that
+// has an asked letter?
 struct Question {
   int entry;
   int event;

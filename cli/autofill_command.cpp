@@ -8,7 +8,7 @@
 #include "cli/checks.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
-#include "files/format.h"
+#include "cli/puzzles.h"
 
 namespace {
 
@@ -73,9 +73,7 @@ void WriteFills(const AutofillFiles& files, const Format& format,
                 const AutofillReport& report) {
   for (int i = 0; i < static_cast<int>(report.fills.size()); ++i) {
     const Document filled = report.Filled(report.fills[i]);
-    if (i == 0)
-      for (const Loss& loss : format.Losses(filled))
-        std::cerr << "lost: " << loss.text << "\n";
+    if (i == 0) TellLosses(format, filled);
     Write({files.PathOf(report.name, i), files.out.force},
           format.Write(filled));
   }
@@ -104,9 +102,7 @@ int RunPuzzle(const Arguments& arguments, const std::string& name,
               const WordList& words) {
   AutofillReport report;
   report.name = name;
-  OpenedDocument opened = ReadDocument(name);
-  for (const std::string& text : opened.reading.passedOver)
-    std::cerr << "passed over: " << text << "\n";
+  OpenedDocument opened = OpenPuzzleFile(name);
   const Format& format = FormatFor(arguments.files, name, opened);
   const std::string refusal = format.Refusal(opened.reading.document);
   if (!arguments.files.out.name.empty() && !refusal.empty())

@@ -4,7 +4,7 @@
 
 #include "cli/commands.h"
 #include "cli/output.h"
-#include "files/format.h"
+#include "cli/puzzles.h"
 
 namespace {
 
@@ -34,17 +34,13 @@ int RunConvert(const Options& options) {
               << FormatIds() << "\n";
     return kWrongUsage;
   }
-  const OpenedDocument opened = ReadDocument(options.in);
+  const OpenedDocument opened = OpenPuzzleFile(options.in);
   const Document& document = opened.reading.document;
-  for (const std::string& text : opened.reading.passedOver)
-    std::cerr << "passed over: " << text << "\n";
   if (const std::string why = format->Refusal(document); !why.empty()) {
     std::cerr << "kelda-cli: " << options.out.name << ": " << why << "\n";
     return kNotCompleted;
   }
-  const std::vector<Loss> losses = format->Losses(document);
-  for (const Loss& loss : losses) std::cerr << "lost: " << loss.text << "\n";
-  if (options.strict && !losses.empty()) {
+  if (TellLosses(*format, document) && options.strict) {
     std::cerr << "kelda-cli: " << options.out.name << ": nothing was written\n";
     return kNotCompleted;
   }

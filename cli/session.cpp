@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "cli/interrupt.h"
+#include "cli/puzzles.h"
 #include "dictionary/levels.h"
 #include "files/kdp.h"
 #include "files/puzzle_file.h"
@@ -130,9 +131,7 @@ void CliHost::EndProgram(std::string_view why) {
 }
 
 void CliSession::OpenPuzzle(const std::string& path) {
-  OpenedDocument opened = ReadDocument(path);
-  for (const std::string& text : opened.reading.passedOver)
-    std::cerr << "passed over: " << text << "\n";
+  OpenedDocument opened = OpenPuzzleFile(path);
   opened_ = std::move(opened.reading.document);
   if (const std::string why = WhyNotClassic(opened_); !why.empty())
     throw FileError(path +
@@ -146,8 +145,7 @@ std::string CliSession::FileFor(const std::string& name) const {
   const Format* format = FormatOfName(name);
   if (!format || format == &kKdpFormat) return PuzzleText(state);
   const Document document = WithGrid(state, opened_);
-  for (const Loss& loss : format->Losses(document))
-    std::cerr << "lost: " << loss.text << "\n";
+  TellLosses(*format, document);
   return format->Write(document);
 }
 

@@ -7,7 +7,7 @@
 #include "autofill/autofill.h"
 #include "cli/autofill_lists.h"
 #include "cli/commands.h"
-#include "files/format.h"
+#include "cli/puzzles.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ struct Arguments {
 
 int RunSuggest(const Arguments& arguments) {
   const autofill::Problem problem =
-      autofill::ProblemOf(ReadDocument(arguments.puzzle).reading.document);
+      autofill::ProblemOf(OpenPuzzleFile(arguments.puzzle).reading.document);
   const WordList words = LoadLists(arguments.lists);
   autofill::Suggestions found;
   try {
