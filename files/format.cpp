@@ -4,15 +4,19 @@
 #include <array>
 
 #include "base/text.h"
+#include "files/across_lite.h"
 #include "files/ipuz.h"
 #include "files/jpz.h"
 #include "files/kdp.h"
 #include "files/losses.h"
+#include "files/puz.h"
 #include "files/tidy.h"
+#include "files/xd.h"
 
 namespace {
 
-constexpr std::array kFormats = {&kIpuzFormat, &kJpzFormat, &kKdpFormat};
+constexpr std::array kFormats = {&kIpuzFormat, &kJpzFormat,        &kPuzFormat,
+                                 &kXdFormat,   &kAcrossLiteFormat, &kKdpFormat};
 
 }  // namespace
 
@@ -25,8 +29,10 @@ Reading Format::Read(std::string_view bytes) const {
 }
 
 Document Format::Fitted(const Document& document) const {
-  const Document held = FitInto(document, holds);
-  return fit ? fit(held) : held;
+  Document fitted = FitInto(document, holds);
+  if (fit) fitted = fit(fitted);
+  if (!holds.ours) TakeAnswersFromGrid(fitted);
+  return fitted;
 }
 
 std::vector<Loss> Format::Losses(const Document& document) const {
