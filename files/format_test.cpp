@@ -36,3 +36,29 @@ RC_GTEST_PROP(Formats, WhatFitsComesBackEqualAndTheRestIsTold, ()) {
     RC_ASSERT(format->Fitted(fitted) == fitted);
   }
 }
+
+TEST(Formats, EveryBeginningOfAFileIsReadOrRefused) {
+  Document document(7, 7);
+  for (std::size_t i = 0; i < document.cells.size(); ++i)
+    document.cells[i].solution = std::string(1, static_cast<char>('A' + i / 2));
+  document.At({1, 1}).solution = "HEART";
+  document.At({2, 2}).circled = document.At({3, 3}).given = true;
+  document.At({4, 4}).kind = Cell::Kind::Void;
+  document.At({5, 5}).barRight = true;
+  document.title = document.notes = "caf\u00E9";
+  for (const Entry& entry : NumberEntries(document).entries)
+    document.clues[KeyOf(document, entry)].text = "clue";
+  for (const Format* format : AllFormats()) {
+    const std::string bytes = format->Write(document);
+    int read = 0;
+    for (std::size_t size = 0; size <= bytes.size(); ++size) {
+      const std::string beginning = bytes.substr(0, size);
+      try {
+        FormatOfBytes(beginning, "x");
+        read += format->Read(beginning).document == format->Fitted(document);
+      } catch (const FormatError&) {
+      }
+    }
+    EXPECT_GT(read, 0) << format->id;
+  }
+}

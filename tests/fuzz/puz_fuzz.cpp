@@ -1,0 +1,9 @@
+#include "files/puz.h"
+
+#include "tests/fuzz/format_fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data,
+                                      std::size_t size) {
+  FuzzFormat(kPuzFormat, data, size);
+  return 0;
+}
