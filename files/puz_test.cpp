@@ -73,6 +73,104 @@ std::string Section(const std::string& file, std::string_view name) {
   return file.substr(at + 8, size);
 }
 
+struct OffFile {
+  std::string what;
+  std::function<void(std::string&)> change;
+  std::vector<std::string> passedOver;
+  std::function<void(Document&)> changed = {};
+};
+void TakeLetters(Document& d) {
+  for (Cell& cell : d.cells) cell.solution.clear();
+  for (auto& [key, clue] : d.clues) clue.answer.clear();
+}
+
+const std::vector<OffFile> kOffFiles = {
+    {"junk before the magic",
+     [](std::string& f) { f.insert(0, "HTTP/1.1 200 OK\r\n"); },
+     {"17 bytes before the puzzle"}},
+    {"checksum of the solution",
+     [](std::string& f) { f[0x11] ^= 1; },
+     {"the checksum of the solution is wrong"}},
+    {"checksum of the file",
+     [](std::string& f) { f[0] ^= 1; },
+     {"the checksum of the file is wrong"}},
+    {"a letter changed by hand",
+     [](std::string& f) { f[0x34] = 'B'; },
+     {"the checksum of the file is wrong",
+      "the checksum of the solution is wrong"},
+     [](Document& d) {
+       d.At({1, 1}).solution = "B";
+       d.clues[{Direction::Across, {1, 1}}].answer = "BAT";
+       d.clues[{Direction::Down, {1, 1}}].answer = "BAR";
+     }},
+    {"no NUL at the end", [](std::string& f) { f.pop_back(); }, {}},
+    {"locked",
+     [](std::string& f) { f[kPuzKind] = kPuzLocked; },
+     {"locked: no letters can be read", "the checksum of the file is wrong",
+      "the checksum of the header is wrong"},
+     TakeLetters},
+    {"diagramless with its own blocks",
+     [](std::string& f) {
+       f[kPuzType + 1] = 4;
+       f[kPuzHeaderSize + 4] = ':';
+     },
+     {"it is a diagramless puzzle: its blocks are shown",
+      "the checksum of the file is wrong",
+      "the checksum of the header is wrong",
+      "the checksum of the solution is wrong"}},
+    {"fewer clues than entries",
+     [](std::string& f) {
+       f[kPuzClueCount] = 3;
+       f.erase(f.find("Scarlet"), 8);
+     },
+     {"the checksum of the file is wrong",
+      "the checksum of the header is wrong",
+      "the checksum of the texts is wrong", "there are 3 clues for 4 entries"},
+     [](Document& d) {
+       d.clues.erase({Direction::Across, {3, 1}});
+     }},
+    {"more clues than entries",
+     [](std::string& f) {
+       f[kPuzClueCount] = 5;
+       f.insert(f.find("Hi"), std::string("Spare\0", 6));
+     },
+     {"the checksum of the file is wrong",
+      "the checksum of the header is wrong",
+      "the checksum of the texts is wrong", "1 clue for no entry, \"Spare\""}},
+    {"a player's letters",
+     [](std::string& f) { f[kPuzHeaderSize + 9] = 'C'; },
+     {"the checksum of the file is wrong",
+      "the checksum of the player's letters is wrong", "a player's letters"}},
+    {"a player's time and longer answers",
+     [](std::string& f) {
+       f += SectionOf("LTIM", "9,1") + SectionOf("RUSR", "A");
+     },
+     {"a player's time", "a player's letters"}},
+    {"a section that is too short",
+     [](std::string& f) { f += SectionOf("GEXT", Bytes("80 00 ")); },
+     {"the section GEXT has 2 cells instead of 9"},
+     [](Document& d) {
+       d.At({1, 1}).circled = true;
+     }},
+    {"a section that the file ends within",
+     [](std::string& f) {
+       f += SectionOf("GEXT", std::string(9, '\x80')).substr(0, 9);
+     },
+     {"the file ends within the section GEXT",
+      "the section GEXT has 1 cells instead of 9"},
+     [](Document& d) {
+       d.At({1, 1}).circled = true;
+     }},
+    {"a rebus without a text",
+     [](std::string& f) {
+       f += SectionOf("GRBS", Bytes("02 00 00 00 00 00 00 00 00 "));
+     },
+     {"1 rebus without a text, at row 1, column 1"}},
+    {"bytes between the sections",
+     [](std::string& f) { f += "ABCD"; },
+     {"4 bytes that are no section"}},
+};
+
 }  // namespace
 
 TEST(Puz, WritesAndReadsTheFileOfAnotherProgram) {
@@ -86,105 +184,7 @@ TEST(Puz, WritesAndReadsTheFileOfAnotherProgram) {
 }
 
 TEST(Puz, ReadsWhatIsOffAndTellsIt) {
-  struct Case {
-    std::string what;
-    std::function<void(std::string&)> change;
-    std::vector<std::string> passedOver;
-    std::function<void(Document&)> changed = {};
-  };
-  const auto noLetters = [](Document& d) {
-    for (Cell& cell : d.cells) cell.solution.clear();
-    for (auto& [key, clue] : d.clues) clue.answer.clear();
-  };
-  const std::vector<Case> cases = {
-      {"junk before the magic",
-       [](std::string& f) { f.insert(0, "HTTP/1.1 200 OK\r\n"); },
-       {"17 bytes before the puzzle"}},
-      {"checksum of the solution",
-       [](std::string& f) { f[0x11] ^= 1; },
-       {"the checksum of the solution is wrong"}},
-      {"checksum of the file",
-       [](std::string& f) { f[0] ^= 1; },
-       {"the checksum of the file is wrong"}},
-      {"a letter changed by hand",
-       [](std::string& f) { f[0x34] = 'B'; },
-       {"the checksum of the file is wrong",
-        "the checksum of the solution is wrong"},
-       [](Document& d) {
-         d.At({1, 1}).solution = "B";
-         d.clues[{Direction::Across, {1, 1}}].answer = "BAT";
-         d.clues[{Direction::Down, {1, 1}}].answer = "BAR";
-       }},
-      {"no NUL at the end", [](std::string& f) { f.pop_back(); }, {}},
-      {"locked",
-       [](std::string& f) { f[kPuzKind] = kPuzLocked; },
-       {"locked: no letters can be read", "the checksum of the file is wrong",
-        "the checksum of the header is wrong"},
-       noLetters},
-      {"diagramless with its own blocks",
-       [](std::string& f) {
-         f[kPuzType + 1] = 4;
-         f[kPuzHeaderSize + 4] = ':';
-       },
-       {"it is a diagramless puzzle: its blocks are shown",
-        "the checksum of the file is wrong",
-        "the checksum of the header is wrong",
-        "the checksum of the solution is wrong"}},
-      {"fewer clues than entries",
-       [](std::string& f) {
-         f[kPuzClueCount] = 3;
-         f.erase(f.find("Scarlet"), 8);
-       },
-       {"the checksum of the file is wrong",
-        "the checksum of the header is wrong",
-        "the checksum of the texts is wrong",
-        "there are 3 clues for 4 entries"},
-       [](Document& d) {
-         d.clues.erase({Direction::Across, {3, 1}});
-       }},
-      {"more clues than entries",
-       [](std::string& f) {
-         f[kPuzClueCount] = 5;
-         f.insert(f.find("Hi"), std::string("Spare\0", 6));
-       },
-       {"the checksum of the file is wrong",
-        "the checksum of the header is wrong",
-        "the checksum of the texts is wrong",
-        "1 clue for no entry, \"Spare\""}},
-      {"a player's letters",
-       [](std::string& f) { f[kPuzHeaderSize + 9] = 'C'; },
-       {"the checksum of the file is wrong",
-        "the checksum of the player's letters is wrong", "a player's letters"}},
-      {"a player's time and longer answers",
-       [](std::string& f) {
-         f += SectionOf("LTIM", "9,1") + SectionOf("RUSR", "A");
-       },
-       {"a player's time", "a player's letters"}},
-      {"a section that is too short",
-       [](std::string& f) { f += SectionOf("GEXT", Bytes("80 00 ")); },
-       {"the section GEXT has 2 cells instead of 9"},
-       [](Document& d) {
-         d.At({1, 1}).circled = true;
-       }},
-      {"a section that the file ends within",
-       [](std::string& f) {
-         f += SectionOf("GEXT", std::string(9, '\x80')).substr(0, 9);
-       },
-       {"the file ends within the section GEXT",
-        "the section GEXT has 1 cells instead of 9"},
-       [](Document& d) {
-         d.At({1, 1}).circled = true;
-       }},
-      {"a rebus without a text",
-       [](std::string& f) {
-         f += SectionOf("GRBS", Bytes("02 00 00 00 00 00 00 00 00 "));
-       },
-       {"1 rebus without a text, at row 1, column 1"}},
-      {"bytes between the sections",
-       [](std::string& f) { f += "ABCD"; },
-       {"4 bytes that are no section"}},
-  };
-  for (const Case& c : cases) {
+  for (const OffFile& c : kOffFiles) {
     std::string file = MiniFile();
     c.change(file);
     Document expected = Mini();
