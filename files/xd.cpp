@@ -80,8 +80,10 @@ class XdReader {
     return std::move(reading_);
   }
 
-  // Whether what was read had more than the rows of some grid.
-  bool SawXd() const { return sawField_ || !clues_.empty(); }
+  // Whether what was read had more than a title and the rows of some grid.
+  bool SawXd() const {
+    return underHeadings_ || fieldsApart_ || !clues_.empty();
+  }
 
  private:
   void ReadLine(const std::string& line) {
@@ -89,6 +91,8 @@ class XdReader {
     if (BeginsSection(text)) return;
     if (!text.empty() && !underHeadings_) section_ = SectionOf(text);
     if (section_ == Section::Notes) notes_ += line + "\n";
+    if (section_ == Section::Grid && grid_.rows.empty() && blankLines_ > 0)
+      fieldsApart_ = sawField_;
     blankLines_ = text.empty() ? blankLines_ + 1 : 0;
     if (text.empty()) return;
     if (section_ == Section::Fields) ReadField(text);
@@ -188,7 +192,8 @@ class XdReader {
 
   int lineNumber_ = 0;
   int blankLines_ = 0;  // before this line
-  bool underHeadings_ = false, sawField_ = false;
+  bool underHeadings_ = false;
+  bool sawField_ = false, fieldsApart_ = false;  // from the grid
   Section section_ = Section::Fields;
   std::set<Section> seen_;
   std::string title_, author_, copyright_, notes_;

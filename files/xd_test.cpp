@@ -137,6 +137,11 @@ TEST(Xd, RefusesWithTheLine) {
   }
 }
 
+TEST(Xd, APuzzleFileWithAColonInItsTitleIsNoXd) {
+  EXPECT_FALSE(kXdFormat.recognises("Title: x\r\nCAT\r\nA#E\r\nRED\r\n"));
+  EXPECT_TRUE(kXdFormat.recognises("Title: x\n\nCAT\nA#E\nRED\n"));
+}
+
 TEST(Xd, MarksAreCirclesOrElseShades) {
   Document document = Mini();
   document.At({2, 1}).shade = Colour{1, 2, 3};
