@@ -44,7 +44,7 @@ struct Desk {
     ReadDictionary(app.state, app.words, host, LevelFilePath(kLevelFiles[2]));
   }
 
-  void Run(const char* control) { RunCommand(app, CommandOf(control)); }
+  void Run(const char* control) { Do(app, control); }
   void Settle() {
     window->ShowState();
     QApplication::processEvents();

@@ -84,23 +84,8 @@ void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle) {
   ForEachCell(puzzle.size, [&](Pos p) {
     state.Grid[p] = puzzle.cells[p.row - 1][p.col - 1];
   });
-  // The fill of another puzzle cannot be resumed.
-  ClearLists(state);
-  state.Text3 = Str(puzzle.size);
   state.Text5 = puzzle.title;
-  BuildSlotList(state, host);
-  DrawGridLines(state);
-  RunEvents(state, host);
-  ForEachCell(puzzle.size, [&](Pos p) {
-    DrawCellText(state, p, state.Grid[p]);
-    if (state.IsBlack(p)) DrawCell(state, p, ColourBlackSquare);
-  });
-  CountBlackSquares(state);
-  BuildMaskList(state);
-  state.WordProg.Value = state.ProgBar.Value = 0;
-  state.WordProg.Caption = state.ProgBar.Caption = "";
-  DifficultyGauge(state, host);
-  EnableFrames(state);
+  ShowGrid(state, host);
 }
 
 bool OpenPuzzle(State& state, Host& host, const std::string& path) {
@@ -121,8 +106,7 @@ bool OpenPuzzle(State& state, Host& host, const std::string& path) {
   } catch (const FileError& error) {
     return fail(error.what());
   }
-  state.Caption = "Puzzle File: " + path;
-  state.PuzzleFileName = path;
+  NameFile(state, path);
   state.puzzleFileStamp = stamp;
   host.Pointer(PointerShape::Normal);
   return true;
@@ -141,8 +125,7 @@ bool SavePuzzleAs(State& state, Host& host) {
       RequestPuzzle(FileRequest::Mode::Save, "Select a file to save solution"));
   if (path.empty() || !ConfirmOverwrite(host, path)) return false;
   if (!Save(state, host, path)) return false;
-  state.Caption = "Puzzle File: " + path;
-  state.PuzzleFileName = path;
+  NameFile(state, path);
   host.Tell("Saved to: " + path);
   return true;
 }
@@ -160,4 +143,9 @@ bool SaveInItsFile(State& state, Host& host) {
   const std::string& path = state.PuzzleFileName;
   return ConfirmChange(host, path, state.puzzleFileStamp) &&
          Save(state, host, path);
+}
+
+void NameFile(State& state, const std::string& path) {
+  state.Caption = path.empty() ? "" : "Puzzle File: " + path;
+  state.PuzzleFileName = path;
 }

@@ -45,3 +45,7 @@ bool UpdatePuzzle(State& state, Host& host);
 
 // Saves the puzzle where it was opened or saved before.
 bool SaveInItsFile(State& state, Host& host);
+
+// From here on the puzzle belongs to a file, "" for none, and the window's
+// caption tells it.
+void NameFile(State& state, const std::string& path);

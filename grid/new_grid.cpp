@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "grid/drawing.h"
+#include "grid/events.h"
+#include "grid/masks.h"
 #include "grid/slots.h"
 
 namespace {
@@ -39,6 +41,7 @@ void NewGrid(State& state, Host& host) {
   state.fillFailed = false;
   DrawGridLines(state);
   state.Grid = CellGrid();
+  state.gridIsNew = true;
   ForEachCell(state.GridSize, [&](Pos p) {
     state.Grid[p] = kEmptyCell;
     state.CellNumbers[p.row][p.col] = 0;
@@ -47,6 +50,24 @@ void NewGrid(State& state, Host& host) {
   ClearLists(state);
   EnableFrames(state);
   host.Pointer(PointerShape::Normal);
+}
+
+void ShowGrid(State& state, Host& host) {
+  ClearLists(state);
+  state.Text3 = Str(state.GridSize);
+  BuildSlotList(state, host);
+  DrawGridLines(state);
+  RunEvents(state, host);
+  ForEachCell(state.GridSize, [&](Pos p) {
+    DrawCellText(state, p, state.Grid[p]);
+    if (state.IsBlack(p)) DrawCell(state, p, ColourBlackSquare);
+  });
+  CountBlackSquares(state);
+  BuildMaskList(state);
+  state.WordProg.Value = state.ProgBar.Value = 0;
+  state.WordProg.Caption = state.ProgBar.Caption = "";
+  DifficultyGauge(state, host);
+  EnableFrames(state);
 }
 
 void ClearWords(State& state, Host& host) {

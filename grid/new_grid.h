@@ -10,6 +10,10 @@
 // The slot table is left as it was.
 void NewGrid(State& state, Host& host);
 
+// Numbers and draws the grid that stands in State::Grid; the fill of another
+// one cannot be resumed.
+void ShowGrid(State& state, Host& host);
+
 // Takes all letters out; black squares stay.
 void ClearWords(State& state, Host& host);
 

@@ -6,18 +6,10 @@
 #include <string>
 
 std::vector<Run> SplitLine(std::string_view line) {
-  std::vector<Run> runs;
   const int size = static_cast<int>(line.size());
-  for (int i = 0; i < size;) {
-    if (line[i] == kBlackSquare) {
-      ++i;
-      continue;
-    }
-    int end = i;
-    while (end < size && line[end] != kBlackSquare) ++end;
-    runs.push_back({i + 1, end - i});
-    i = end;
-  }
+  std::vector<Run> runs = FindRuns(
+      size, [&](int k) { return line[k - 1] != kBlackSquare; },
+      [](int) { return false; });
   if (runs.empty()) runs.push_back({1, size});
   return runs;
 }

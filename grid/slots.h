@@ -10,13 +10,7 @@
 #include <vector>
 
 #include "grid/state.h"
-
-// A run of cells of one grid line: start counts from 1.
-struct Run {
-  int start = 0;
-  int length = 0;
-  bool operator==(const Run&) const = default;
-};
+#include "puzzle/numbering.h"
 
 // The white runs of one grid line, given as its cell texts.
 // Kept: a line of black squares only counts as one full run.

@@ -110,6 +110,7 @@ struct State {
   // The grid.
   int GridSize = 15;  // N, always 0..MaxGridSize
   CellGrid Grid;
+  bool gridIsNew = false;  // begun anew since it was last taken
   // The clue number of each cell, 0 for none.
   std::array<std::array<int, MaxGridSize + 1>, MaxGridSize + 1> CellNumbers{};
   SlotTable SlotCells;       // with the crossings of each slot
@@ -163,6 +164,7 @@ struct State {
   bool fillFailed = false;
   bool logEnabled = false;
   bool DebugMode = false;  // the debug panel was unlocked
+  bool debugPanelShown = false;
 
   bool IsBlack(Pos p) const { return Grid[p] == kBlackSquare; }
 };

@@ -6,24 +6,25 @@
 
 namespace {
 
-// Whether an entry goes on from a cell to the next one in a direction.
-bool GoesOn(const Document& document, Pos p, Direction direction) {
-  const Pos next = Along(p, direction, 1);
-  if (!document.IsWhite(p) || !document.IsWhite(next)) return false;
-  const Cell& cell = document.At(p);
-  return !(direction == Direction::Across ? cell.barRight : cell.barBelow);
-}
-
-// The cells of the run that begins at a cell; none when none begins there.
-std::vector<int> RunFrom(const Document& document, Pos p, Direction direction) {
-  std::vector<int> cells;
-  if (!document.IsWhite(p) ||
-      GoesOn(document, Along(p, direction, -1), direction))
-    return cells;
-  cells.push_back(document.IndexOf(p));
-  for (; GoesOn(document, p, direction); p = Along(p, direction, 1))
-    cells.push_back(document.IndexOf(Along(p, direction, 1)));
-  return cells;
+// The entries of a row or column; they have no numbers yet.
+void AddEntriesOfLine(const Document& document, Pos first, Direction direction,
+                      int shortest, std::vector<Entry>& entries) {
+  const bool across = direction == Direction::Across;
+  const auto at = [&](int k) { return Along(first, direction, k - 1); };
+  const std::vector<Run> runs = FindRuns(
+      across ? document.width : document.height,
+      [&](int k) { return document.IsWhite(at(k)); },
+      [&](int k) {
+        const Cell& cell = document.At(at(k));
+        return across ? cell.barRight : cell.barBelow;
+      });
+  for (const Run& run : runs) {
+    if (run.length < shortest) continue;
+    Entry& entry = entries.emplace_back();
+    entry.direction = direction;
+    for (int k = run.start; k < run.start + run.length; ++k)
+      entry.cells.push_back(document.IndexOf(at(k)));
+  }
 }
 
 }  // namespace
@@ -39,30 +40,29 @@ const Entry* Numbering::Find(std::string_view name) const {
 }
 
 Numbering NumberEntries(const Document& document, int shortest) {
-  const std::size_t count = document.cells.size();
   Numbering numbering;
-  numbering.numbers.assign(count, 0);
-  numbering.across.assign(count, -1);
-  numbering.down.assign(count, -1);
-  std::vector<Entry> downs;
+  auto& [numbers, entries, across, down] = numbering;
+  for (int row = 1; row <= document.height; ++row)
+    AddEntriesOfLine(document, {row, 1}, Direction::Across, shortest, entries);
+  for (int col = 1; col <= document.width; ++col)
+    AddEntriesOfLine(document, {1, col}, Direction::Down, shortest, entries);
+
+  const std::size_t count = document.cells.size();
+  numbers.assign(count, 0);
+  for (const Entry& entry : entries) numbers[entry.cells.front()] = 1;
   int last = 0;
-  for (int cell = 0; cell < static_cast<int>(count); ++cell) {
-    for (Direction direction : {Direction::Across, Direction::Down}) {
-      std::vector<int> run = RunFrom(document, document.PosOf(cell), direction);
-      if (static_cast<int>(run.size()) < shortest) continue;
-      int& number = numbering.numbers[cell];
-      if (number == 0) number = ++last;
-      auto& entries =
-          direction == Direction::Across ? numbering.entries : downs;
-      entries.push_back({number, direction, std::move(run)});
-    }
-  }
-  std::ranges::move(downs, std::back_inserter(numbering.entries));
-  for (int i = 0; i < static_cast<int>(numbering.entries.size()); ++i) {
-    const Entry& entry = numbering.entries[i];
-    auto& through = entry.direction == Direction::Across ? numbering.across
-                                                         : numbering.down;
-    for (int cell : entry.cells) through[cell] = i;
+  for (int& number : numbers)
+    if (number != 0) number = ++last;
+  for (Entry& entry : entries) entry.number = numbers[entry.cells.front()];
+  std::ranges::sort(entries, {}, [](const Entry& entry) {
+    return std::pair(entry.direction, entry.number);
+  });
+
+  across.assign(count, -1);
+  down.assign(count, -1);
+  for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
+    auto& through = entries[i].direction == Direction::Across ? across : down;
+    for (int cell : entries[i].cells) through[cell] = i;
   }
   return numbering;
 }

@@ -16,6 +16,28 @@
 // As puzzles are numbered everywhere.  The classic fill counts from three.
 inline constexpr int kShortestEntry = 2;
 
+// A run of cells of one line of a grid: start counts from 1.
+struct Run {
+  int start = 0;
+  int length = 0;
+  bool operator==(const Run&) const = default;
+};
+
+// The runs of a line.  isWhite(k) tells of its k-th cell, k = 1..size, whether
+// it belongs to a run, isParted(k) whether a bar parts it from the next.
+template <class IsWhite, class IsParted>
+std::vector<Run> FindRuns(int size, IsWhite isWhite, IsParted isParted) {
+  std::vector<Run> runs;
+  bool goesOn = false;
+  for (int k = 1; k <= size; ++k) {
+    const bool white = isWhite(k);
+    if (white && goesOn) ++runs.back().length;
+    if (white && !goesOn) runs.push_back({k, 1});
+    goesOn = white && !isParted(k);
+  }
+  return runs;
+}
+
 struct Entry {
   int number = 0;
   Direction direction = Direction::Across;

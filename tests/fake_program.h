@@ -11,7 +11,11 @@ struct Program {
 
   Program() : app{.state = {}, .words = {}, .host = host} {}
 
-  bool Press(std::string_view control) {
-    return RunCommand(app, CommandOf(control));
+  bool Press(std::string_view control, const Argument& argument = {}) {
+    return Do(app, control, argument);
+  }
+  // Clicks a cell with shift keys, as on the grid picture.
+  void Click(Pos cell, int shiftState, MouseButton button = MouseButton::Left) {
+    Press(ControlOfClick(shiftState), {.click = {button, shiftState, cell}});
   }
 };

@@ -33,8 +33,9 @@ class FakeHost : public Host {
     std::string answer;    // "yes", "no", "abort", a text, ...
   };
   std::deque<Answer> script;
-  int haltAtPoll = -1;  // counted from 0; -1 never
-  bool log = false;     // switch the solver's log on
+  bool answersAny = false;  // cancels questions that are not in the script
+  int haltAtPoll = -1;      // counted from 0; -1 never
+  bool log = false;         // switch the solver's log on
   std::vector<std::string> logLines;
   int polls = 0;
   bool waitedForHalt = false;
@@ -75,6 +76,7 @@ class FakeHost : public Host {
  private:
   std::string Next(std::string_view question) {
     if (script.empty() || !question.starts_with(script.front().question)) {
+      if (answersAny) return "";
       ADD_FAILURE() << "unexpected question: " << question;
       return "";
     }

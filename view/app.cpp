@@ -1,5 +1,6 @@
 #include "view/app.h"
 
+#include "base/utf8.h"
 #include "grid/choose_dictionary.h"
 #include "grid/drawing.h"
 
@@ -9,5 +10,14 @@ void StartUp(App& app) {
   state.frames.SolutionFrame = false;
   DrawGridLines(state);
   state.PuzzleFileName = "";
+  app.history = History(TakeGrid(state, {}));
   ReadDefaultDictionary(state, app.words, app.host);
+}
+
+Document LiveDocument(const App& app) {
+  const Document& now = *app.history.Now();
+  if (WhyNotClassic(now).empty()) return TakeGrid(app.state, now);
+  Document live = now;
+  live.title = FromUnknown(app.state.Text5);
+  return live;
 }

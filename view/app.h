@@ -1,15 +1,16 @@
-// The program as one value: its state, its dictionary and its way to the
-// outside.
+// The program as one value: its state, its document, its dictionary and its
+// way to the outside.
 
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "base/clipboard.h"
 #include "base/printer.h"
 #include "dictionary/word_table.h"
 #include "files/publisher.h"
-#include "grid/state.h"
+#include "grid/bridge.h"
+#include "puzzle/history.h"
 
 // What only some programs can do; a command that needs what is not there
 // does nothing.
@@ -23,11 +24,18 @@ struct App {
   State state;
   WordTable words;
   Host& host;
-  bool taskRuns = false;    // a command has started and not ended
-  std::string savedText{};  // the puzzle as last loaded, saved or begun
+  // The document and how it came to be.  The state shows it, and is ahead of
+  // it only while a command runs.
+  History history{TakeGrid(State(), {})};
+  bool taskRuns = false;           // a command has started and not ended
+  bool mayLeave = false;           // what MayLeavePuzzle found last
+  std::string_view lastControl{};  // that did something
   Outlets outlets{};
 };
 
 // The program's start: constants, the size of the view, the lines of an empty
 // grid, the default dictionary.
 void StartUp(App& app);
+
+// The document with what the state has been given since.
+Document LiveDocument(const App& app);

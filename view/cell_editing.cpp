@@ -14,8 +14,8 @@ Direction DirectionOf(MouseButton button) {
   return button == MouseButton::Left ? Direction::Across : Direction::Down;
 }
 
-// Twips to a row or column; floors, as places before the picture count down.
-int CellAt(int twips) {
+// Floors, as places before the picture count down.
+int LineAt(int twips) {
   return (twips >= 0 ? twips / CellSize : -1) + 1;
 }
 
@@ -60,19 +60,26 @@ void ReplaceWord(App& app, Pos cell, Direction direction) {
 
 }  // namespace
 
-void ClickPicture(App& app, MouseButton button, int shiftState, int x, int y) {
-  ClickCell(app, button, shiftState, {CellAt(y), CellAt(x)});
+Pos CellAt(int x, int y) {
+  return {LineAt(y), LineAt(x)};
 }
 
-void ClickCell(App& app, MouseButton button, int shiftState, Pos cell) {
+std::string_view ControlOfClick(int shiftState) {
+  return shiftState == kShift  ? "Picture1(shift)"
+         : shiftState == kCtrl ? "Picture1(ctrl)"
+                               : "Picture1";
+}
+
+void ClickCell(App& app, const Click& click) {
   State& state = app.state;
+  const Pos cell = click.cell;
   state.CurrentRow = cell.row;
   state.CurrentCol = cell.col;
   const int n = state.GridSize;
   if (std::min(cell.row, cell.col) < 1 || std::max(cell.row, cell.col) > n)
     return;
-  const Direction direction = DirectionOf(button);
-  switch (shiftState) {
+  const Direction direction = DirectionOf(click.button);
+  switch (click.shiftState) {
     case kNoShift:
       state.Text4 = SlotWord(state, state.SlotCells.At(cell, direction));
       break;

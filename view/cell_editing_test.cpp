@@ -32,7 +32,7 @@ TEST(CellEditing, APlaceBelongsToACellShiftedUpAndLeft) {
                {5 * 420, 0, {1, 6}},
                {-1, 10, {1, 0}}};
   for (const auto& c : cases) {
-    ClickPicture(program.app, MouseButton::Left, kShift | kCtrl, c.x, c.y);
+    program.Click(CellAt(c.x, c.y), kShift | kCtrl);
     EXPECT_EQ((Pos{state.CurrentRow, state.CurrentCol}), c.cell);
   }
   EXPECT_EQ(state.BlackSquareCount, 0);
@@ -42,7 +42,7 @@ TEST(CellEditing, ShiftClickTogglesACellAndItsMirror) {
   SmallProgram program;
   State& state = program.app.state;
   const auto shiftClick = [&](Pos cell) {
-    ClickCell(program.app, MouseButton::Left, kShift, cell);
+    program.Click(cell, kShift);
     return state.BlackSquareCount;
   };
   EXPECT_EQ(shiftClick({3, 3}), 1);
@@ -57,13 +57,13 @@ TEST(CellEditing, OnlyAFullSlotTakesAnotherWord) {
   SmallProgram program;
   State& state = program.app.state;
   program.host.script = {{"Enter Word 1A", "LEMON"}, {"Enter Word 1A", ""}};
-  ClickCell(program.app, MouseButton::Left, kCtrl, {1, 1});
+  program.Click({1, 1}, kCtrl);
   EXPECT_EQ((state.Grid[{1, 1}]), kEmptyCell);
   for (int k = 1; k <= 5; ++k) state.Grid[{k, 1}] = "HOUSE"[k - 1];
   program.host.script = {{"Enter Word 1D", "a b c"},
                          {"Enter Word 1D", "lemons"},
                          {"Enter Word 1D", "lemon"}};
-  ClickCell(program.app, MouseButton::Other, kCtrl, {1, 1});
+  program.Click({1, 1}, kCtrl, MouseButton::Other);
   EXPECT_EQ((state.Grid[{5, 1}]), 'N');
   EXPECT_TRUE(program.host.script.empty());
 }
@@ -91,7 +91,7 @@ TEST(Unsaved, TheGridAsDrawnIsTheWorkWhateverTheSizeBoxSays) {
   SmallProgram program;
   App& app = program.app;
   EXPECT_FALSE(HasUnsavedWork(app));
-  ClickCell(app, MouseButton::Left, kShift, {1, 1});
+  program.Click({1, 1}, kShift);
   EXPECT_TRUE(HasUnsavedWork(app));
   const std::string work = WorkText(app.state);
   EditGridSize(app.state, "2");

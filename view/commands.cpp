@@ -5,8 +5,8 @@
 
 #include "dictionary/find_word.h"
 #include "files/publish.h"
-#include "files/puzzle_file.h"
 #include "files/sheet.h"
+#include "grid/bridge.h"
 #include "grid/choose_dictionary.h"
 #include "grid/drawing.h"
 #include "grid/new_grid.h"
@@ -17,9 +17,10 @@
 #include "solver/census.h"
 #include "solver/fill.h"
 #include "solver/matcher.h"
-#include "view/cell_editing.h"
+#include "view/debug_panel.h"
+#include "view/file_commands.h"
 #include "view/test_buttons.h"
-#include "view/unsaved.h"
+#include "view/undo.h"
 
 namespace {
 
@@ -102,26 +103,53 @@ void Open(App& app) {
   app.host.Open(window);
 }
 
-template <bool (*saveOrLoad)(State&, Host&)>
-void SaveOrLoad(App& app) {
-  if (saveOrLoad(app.state, app.host)) NoteSaved(app);
-}
-
-void Load(App& app) {
-  if (MayLeavePuzzle(app)) SaveOrLoad<LoadPuzzle>(app);
-}
-
 void DoNothing(App&) {}
 
+// Text boxes and other controls that the user works without a caption
+
+void EditLetter(App& app, const Argument& argument) {
+  app.state.Text1 = argument.text;
+}
+
+void EditBlacks(App& app, const Argument& argument) {
+  EditBlackSquareCount(app.state, argument.text);
+}
+
+void EditSize(App& app, const Argument& argument) {
+  EditGridSize(app.state, argument.text);
+}
+
+void LeaveSize(App& app) {
+  LeaveGridSize(app.state);
+}
+
+void EditWord(App& app, const Argument& argument) {
+  app.state.Text4 = argument.text;
+}
+
+void EditTitle(App& app, const Argument& argument) {
+  app.state.Text5 = TitleBytes(argument.text);
+}
+
+void ClickGrid(App& app, const Argument& argument) {
+  ClickCell(app, argument.click);
+}
+
+template <ScrollBar State::*bar>
+void Scroll(App& app, const Argument& argument) {
+  (app.state.*bar).Value = argument.place;
+}
+
 constexpr auto kIdle = MayRun::WhenIdle;
+constexpr auto kAlways = MayRun::Always;
 
 constexpr Command kCommands[] = {
     // GRID
-    {"Command2", "Draw", "Draw a grid", kIdle, Draw},
+    {"Command2", "Draw", "Draw a grid", kIdle, Draw, Needs::Grid},
     {"Command22", "Clear", "Clear all words, leave balck squares intact", kIdle,
-     Clear},
-    {"Command7", "Print", "Print the grid with black squares", kIdle,
-     PrintGrid},
+     Clear, Needs::Grid},
+    {"Command7", "Print", "Print the grid with black squares", kIdle, PrintGrid,
+     Needs::Grid},
     // DICTIONARY
     {"DictOpt(0)", "Level1", "", kIdle, Choose<0>},
     {"DictOpt(1)", "Level2", "", kIdle, Choose<1>},
@@ -134,62 +162,88 @@ constexpr Command kCommands[] = {
      Open<Window::Meaning>},
     // BLACK SQUARES
     {"Command1", "Insert", "Insert black squares in grid", kIdle,
-     Open<Window::BlacksMenu>},
+     Open<Window::BlacksMenu>, Needs::Grid},
     {"blackrand", "Random", "", kIdle,
-     [](App& app) { RandomBlackSquares(app.state, app.host); }},
+     [](App& app) { RandomBlackSquares(app.state, app.host); }, Needs::Grid},
     {"black2x2", "2x2 Pattern", "", kIdle,
-     [](App& app) { TwoByTwoLayout(app.state, app.host); }},
+     [](App& app) { TwoByTwoLayout(app.state, app.host); }, Needs::Grid},
     {"cancel1", "Cancel", "", kIdle, DoNothing},
     {"Command19", "Check", "Check the validity of black square placements",
-     kIdle, Check},
+     kIdle, Check, Needs::Grid},
     // SOLUTION
-    {"Command20", "Compile", "Find solution", kIdle,
-     Open<Window::SolutionMenu>},
+    {"Command20", "Compile", "Find solution", kIdle, Open<Window::SolutionMenu>,
+     Needs::Grid},
     {"solx(0)", "Start Random Location", "", kIdle,
-     Solve<StartLocation::Random>},
+     Solve<StartLocation::Random>, Needs::Grid, "Compile"},
     {"solx(1)", "Specify Start Location", "", kIdle,
-     Solve<StartLocation::Specified>},
-    {"solx(2)", "Resume", "", kIdle, Solve<StartLocation::Resume>},
+     Solve<StartLocation::Specified>, Needs::Grid, "Compile"},
+    {"solx(2)", "Resume", "", kIdle, Solve<StartLocation::Resume>, Needs::Grid},
     {"solx(4)", "Cancel", "", kIdle, DoNothing},
-    {"Command8", "Halt", "Halt the current solution", MayRun::Always, Halt},
+    {"Command8", "Halt", "Halt the current solution", kAlways, Halt},
     {"Command18", "Print", "Print grid with black squares and letters", kIdle,
-     PrintSolution},
+     PrintSolution, Needs::Grid},
     // Main menu
-    {"loadx", "Load", "", kIdle, Load},
-    {"Savey", "Update", "", kIdle, SaveOrLoad<UpdatePuzzle>},
-    {"savex", "Save As", "", kIdle, SaveOrLoad<SavePuzzleAs>},
+    {"loadx", "Load", "", kIdle, LoadFile},
+    {"Savey", "Update", "", kIdle, UpdateFile},
+    {"savex", "Save As", "", kIdle, SaveFileAs},
     {"copx", "Copy to Bitmap", "", kIdle, CopyPicture},
-    {"overviewx", "Overview", "", MayRun::Always, Open<Window::Overview>},
-    {"helpx", "Help", "", MayRun::Always, Open<Window::Help>},
-    {"aboutx", "About", "", MayRun::Always, Open<Window::About>},
-    {"exitx", "Exit", "", MayRun::Always, [](App& app) { app.host.Quit(); }},
+    {"overviewx", "Overview", "", kAlways, Open<Window::Overview>},
+    {"helpx", "Help", "", kAlways, Open<Window::Help>},
+    {"aboutx", "About", "", kAlways, Open<Window::About>},
+    {"exitx", "Exit", "", kAlways, [](App& app) { app.host.Quit(); }},
+    // Menu Edit
+    {"undox", "Undo", "", kIdle, UndoStep, Needs::Undo},
+    {"redox", "Redo", "", kIdle, RedoStep, Needs::Redo},
     // Below a separator
-    {"previewx", "Print Preview", "", kIdle, ShowPreview},
-    {"pdfx", "Save as PDF", "", kIdle, SavePdf},
-    {"picturex", "Save as Picture", "", kIdle, SavePicture},
+    {"previewx", "Print Preview", "", kIdle, ShowPreview, Needs::Grid},
+    {"pdfx", "Save as PDF", "", kIdle, SavePdf, Needs::Grid},
+    {"picturex", "Save as Picture", "", kIdle, SavePicture, Needs::Grid},
     // Debug panel
     {"Command3", "CheckAllMasks", "", kIdle,
-     [](App& app) { CheckAllMasks(app.state, app.words, app.host); }},
+     [](App& app) { CheckAllMasks(app.state, app.words, app.host); },
+     Needs::Grid},
     {"Command15", "SplitMaxLine", "", kIdle,
-     [](App& app) { SplitMaxLine(app.state, app.host); }},
+     [](App& app) { SplitMaxLine(app.state, app.host); }, Needs::Grid},
     {"Command23", "FindCriticality",
      "List how hard each slot is to fill, hardest first", kIdle,
-     [](App& app) { (void)TakeCensus(app.state, app.words, app.host); }},
+     [](App& app) { (void)TakeCensus(app.state, app.words, app.host); },
+     Needs::Grid},
     {"Command10", "FitAcross2End",
      "List the words that fit the clicked cell to the end of its row", kIdle,
-     FitToEnd<Direction::Across>},
+     FitToEnd<Direction::Across>, Needs::Grid},
     {"Command16", "FitDown2End",
      "List the words that fit the clicked cell to the end of its column", kIdle,
-     FitToEnd<Direction::Down>},
+     FitToEnd<Direction::Down>, Needs::Grid},
     {"Command12", "FindWordLengths",
      "List how many words of each length are loaded", kIdle, FindWordLengths},
     {"Command5", "FindIntersection",
      "List the masks that cross the clicked slot (right button: down)", kIdle,
-     FindIntersection<Direction::Across>},
+     FindIntersection<Direction::Across>, Needs::Grid},
     {"Command5(1)", "FindIntersection", "", kIdle,
-     FindIntersection<Direction::Down>},
+     FindIntersection<Direction::Down>, Needs::Grid},
     {"Command17", "Fill Current Cell",
-     "Put the letter into the cell at row 0, column 0", kIdle, FillCurrentCell},
+     "Put the letter into the cell at row 0, column 0", kIdle, FillCurrentCell,
+     Needs::Grid},
+};
+
+constexpr Command kEdits[] = {
+    {"Text1", "Letter", "", kAlways, EditLetter},
+    {"Text2", "Number of Blacks", "", kAlways, EditBlacks, Needs::Grid},
+    {"Text3", "Size", "", kAlways, EditSize, Needs::Grid},
+    {"Text3(left)", "Size", "", kIdle, LeaveSize, Needs::Grid},
+    {"Text4", "Word to Look Up", "", kAlways, EditWord},
+    {"Text5", "Title", "", kAlways, EditTitle},
+    {"Picture1", "Show Word", "", kIdle, ClickGrid, Needs::Grid},
+    {"Picture1(shift)", "Black Squares", "", kIdle, ClickGrid, Needs::Grid},
+    {"Picture1(ctrl)", "Word", "", kIdle, ClickGrid, Needs::Grid},
+    {"HScroll1", "Scroll", "", kAlways, Scroll<&State::HScroll1>},
+    {"VScroll1", "Scroll", "", kAlways, Scroll<&State::VScroll1>},
+    // What happens to the window
+    {"start", "Start", "", kIdle, StartUp},
+    {"open", "Open", "", kIdle, OpenFile},
+    {"recover", "Recover", "", kIdle, RecoverPuzzle},
+    {"leave", "Leave", "", kIdle, Leave},
+    {"F1", "Debug Panel", "", kAlways, ToggleDebugPanel},
 };
 
 // Marks that a command runs, also while commands run inside it.
@@ -207,15 +261,32 @@ class RunningTask {
   const bool outer_;
 };
 
+// Takes what the outermost command left into the document.
+void TakeStep(App& app, const Command& command) {
+  const bool typed = command.control.starts_with("Text");
+  app.history.Take(command.step.empty() ? command.caption : command.step,
+                   LiveDocument(app),
+                   typed && app.lastControl == command.control);
+  app.state.gridIsNew = false;
+  app.lastControl = command.control;
+}
+
 }  // namespace
 
 std::span<const Command> AllCommands() {
   return kCommands;
 }
 
+std::span<const Command> AllEdits() {
+  return kEdits;
+}
+
 const Command* FindCommand(std::string_view control) {
-  const auto row = std::ranges::find(kCommands, control, &Command::control);
-  return row == std::end(kCommands) ? nullptr : row;
+  for (std::span<const Command> rows : {AllCommands(), AllEdits()}) {
+    const auto row = std::ranges::find(rows, control, &Command::control);
+    if (row != rows.end()) return &*row;
+  }
+  return nullptr;
 }
 
 const Command& CommandOf(std::string_view control) {
@@ -224,17 +295,35 @@ const Command& CommandOf(std::string_view control) {
   return *row;
 }
 
-bool RunCommand(App& app, const Command& command) {
-  return RunAction(app, command.mayRun, [&] { command.operation(app); });
+std::string WhyNot(const App& app, const Command& command) {
+  if (app.taskRuns && command.mayRun == MayRun::WhenIdle)
+    return "Another command is running.";
+  switch (command.needs) {
+    case Needs::Nothing:
+      return "";
+    case Needs::Grid:
+      return WhyNotClassic(*app.history.Now());
+    case Needs::Undo:
+      return app.history.UndoCaption().empty() ? "Nothing to undo." : "";
+    case Needs::Redo:
+      return app.history.RedoCaption().empty() ? "Nothing to redo." : "";
+  }
+  return "";
 }
 
-bool RunAction(App& app, MayRun mayRun, const std::function<void()>& action) {
-  if (app.taskRuns && mayRun == MayRun::WhenIdle) return false;
-  const RunningTask running(app);
+bool Do(App& app, const Command& command, const Argument& argument) {
+  if (!WhyNot(app, command).empty()) return false;
+  const bool outermost = !app.taskRuns;
   try {
-    action();
+    const RunningTask running(app);
+    command.operation(app, argument);
   } catch (const FileError& error) {
     app.host.Tell(error.what());
   }
+  if (outermost) TakeStep(app, command);
   return true;
+}
+
+bool Do(App& app, std::string_view control, const Argument& argument) {
+  return Do(app, CommandOf(control), argument);
 }

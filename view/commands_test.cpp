@@ -45,15 +45,15 @@ TEST(Commands, ATaskIsNotEnteredAgainButMayBeHalted) {
     App* app = nullptr;
     bool checkRan = false;
     Events Poll() override {
-      checkRan = checkRan || RunCommand(*app, CommandOf("Command19"));
-      RunCommand(*app, CommandOf("Command8"));
+      checkRan = checkRan || Do(*app, "Command19");
+      Do(*app, "Command8");
       return {};
     }
   };
   Impatient host;
   App app{.state = {}, .words = {}, .host = host};
   host.app = &app;
-  RunCommand(app, CommandOf("blackrand"));
+  Do(app, "blackrand");
   EXPECT_FALSE(host.checkRan);
   EXPECT_FALSE(app.taskRuns);
   EXPECT_EQ(host.told.size(), 1u) << "halted, and yet told what was placed";

@@ -28,3 +28,7 @@ class DebugLists {
   std::size_t lastUsed_ = 0;
   std::vector<Candidate> lastMatches_;
 };
+
+// The key F1.  Kept: the panel is unlocked once, with the access code; from
+// then on the key only hides it.
+void ToggleDebugPanel(App& app);

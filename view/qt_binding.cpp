@@ -1,12 +1,9 @@
 #include "view/qt_binding.h"
 
 #include "controls/plain_text.h"
+#include "view/qt_text.h"
 
 namespace {
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString WithMnemonic(std::string_view caption, char mnemonic) {
   QString text = ToQt(caption);
@@ -22,8 +19,15 @@ template <class Control>
 void CommandBinding::Bind(Control* control, const Command& row) {
   control->setObjectName(ToQt(row.control));
   if (!row.toolTip.empty()) control->setToolTip(Plain(ToQt(row.toolTip)));
+  control->setProperty("caption", ToQt(row.caption));
   bound_.push_back(
-      {&row, [control](bool enabled) { control->setEnabled(enabled); }});
+      {&row, [control, &row, told = QString()](const QString& whyNot) mutable {
+         control->setEnabled(whyNot.isEmpty());
+         if (told == whyNot) return;
+         told = whyNot;
+         const QString tip = told.isEmpty() ? ToQt(row.toolTip) : told;
+         control->setToolTip(PlainTip(tip));
+       }});
 }
 
 QPushButton* CommandBinding::Button(const char* control, char mnemonic) {
@@ -62,7 +66,6 @@ QAction* CommandBinding::Item(QMenu* menu, const char* control, char mnemonic,
   return item;
 }
 
-void CommandBinding::ShowWhatMayRun(bool taskRuns) {
-  for (const Bound& bound : bound_)
-    bound.enable(!taskRuns || bound.row->mayRun == MayRun::Always);
+void CommandBinding::ShowWhatMayRun(const App& app) {
+  for (const Bound& bound : bound_) bound.show(ToQt(WhyNot(app, *bound.row)));
 }

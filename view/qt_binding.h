@@ -28,7 +28,7 @@ class CommandBinding : public QObject {
                 const QString& keys = "");
 
   // Greys out what may not run now.
-  void ShowWhatMayRun(bool taskRuns);
+  void ShowWhatMayRun(const App& app);
 
  signals:
   void Run(const Command& command);
@@ -36,7 +36,8 @@ class CommandBinding : public QObject {
  private:
   struct Bound {
     const Command* row;
-    std::function<void(bool)> enable;
+    // Enables the control, or greys it out and tells why in its tool tip.
+    std::function<void(const QString& whyNot)> show;
   };
 
   template <class Control>

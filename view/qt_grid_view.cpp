@@ -89,15 +89,13 @@ void GridView::mousePressEvent(QMouseEvent*) {
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint at = event->position().toPoint();
-  const Pos cell{at.y() * kTwipsPerPixel / CellSize + 1,
-                 at.x() * kTwipsPerPixel / CellSize + 1};
+  const Pos cell = CellAt(at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel);
   const int n = state_.GridSize;
   if (cell.row >= 1 && cell.col >= 1 && cell.row <= n && cell.col <= n)
     cursor_ = cell;
-  emit Clicked(event->button() == Qt::LeftButton ? MouseButton::Left
-                                                 : MouseButton::Other,
-               ShiftStateOf(event->modifiers()), at.x() * kTwipsPerPixel,
-               at.y() * kTwipsPerPixel);
+  emit Clicked({event->button() == Qt::LeftButton ? MouseButton::Left
+                                                  : MouseButton::Other,
+                ShiftStateOf(event->modifiers()), cell});
 }
 
 void GridView::MoveCursor(int down, int right) {
@@ -126,8 +124,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   const bool ctrl = event->modifiers() & Qt::ControlModifier;
   const auto key = [&](bool down, int shiftState) {
     MoveCursor(0, 0);
-    emit Keyed(down ? MouseButton::Other : MouseButton::Left, shiftState,
-               cursor_);
+    emit Clicked(
+        {down ? MouseButton::Other : MouseButton::Left, shiftState, cursor_});
     Speak(QAccessible::NameChanged);
   };
   constexpr int kFar = MaxGridSize;

@@ -33,10 +33,8 @@ class GridView : public QWidget {
   QRect BoxOf(Pos cell) const;  // in pixels
 
  signals:
-  // A mouse button was released at a place in twips.
-  void Clicked(MouseButton button, int shiftState, int x, int y);
-  // A key asked for the same at a cell.
-  void Keyed(MouseButton button, int shiftState, Pos cell);
+  // A mouse button was released at a cell, or a key asked for the same.
+  void Clicked(const Click& click);
   // The cursor moved; the cell should be in view.
   void CursorMoved(QRect box);
 

@@ -10,16 +10,12 @@
 #include "controls/lookup_window.h"
 #include "controls/message_box.h"
 #include "dictionary/meanings.h"
-#include "files/puzzle_file.h"
 #include "view/qt_text.h"
 #include "view/unsaved.h"
 
 namespace {
 
-constexpr int kWidth = 11350 / kTwipsPerPixel;
-constexpr int kWidthWithPanel = 15075 / kTwipsPerPixel;
 constexpr int kKeepWorkInterval = 2000;  // ms
-constexpr char kAccessCode[] = "508tavel";
 constexpr char kContact[] = "Questions? See Help in the menu Kelda.";
 
 void ShowInFront(QWidget* window) {
@@ -31,12 +27,8 @@ void ShowInFront(QWidget* window) {
 }  // namespace
 
 void MainWindow::Start(const std::string& file) {
-  Act(MayRun::WhenIdle, [&] { StartUp(app_); });
-  Act(MayRun::WhenIdle, [&] {
-    NoteSaved(app_);
-    if (!file.empty() && OpenPuzzle(app_.state, app_.host, file))
-      NoteSaved(app_);
-  });
+  Run(CommandOf("start"));
+  if (!file.empty()) Run(CommandOf("open"), {.text = file});
   auto* timer = new QTimer(this);
   connect(timer, &QTimer::timeout, this, &MainWindow::KeepWork);
   timer->start(kKeepWorkInterval);
@@ -45,18 +37,10 @@ void MainWindow::Start(const std::string& file) {
 
 // Running commands
 
-void MainWindow::Run(const Command& command) {
-  KeepingFocus([&] { RunCommand(app_, command); });
-}
-
-void MainWindow::Act(MayRun mayRun, const std::function<void()>& action) {
-  KeepingFocus([&] { RunAction(app_, mayRun, action); });
-}
-
 // A task disables what it was started from, which takes the focus away.
-void MainWindow::KeepingFocus(const std::function<void()>& run) {
+void MainWindow::Run(const Command& command, const Argument& argument) {
   const QPointer<QWidget> focus = focusWidget();
-  run();
+  Do(app_, command, argument);
   ShowState();
   if (focus && focus->isEnabled()) focus->setFocus();
   if (closeWhenIdle_ && !app_.taskRuns) {
@@ -75,12 +59,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     // The task ends at its next look at the halt request, then the window
     // closes.
     closeWhenIdle_ = true;
-    app_.state.haltRequested = true;
+    Do(app_, "Command8");
     return;
   }
-  bool leave = false;
-  RunAction(app_, MayRun::WhenIdle, [&] { leave = MayLeavePuzzle(app_); });
-  if (!leave) {
+  Do(app_, "leave");
+  if (!app_.mayLeave) {
     ShowState();
     return;
   }
@@ -147,21 +130,6 @@ void MainWindow::ShowMeaning() {
   form.exec();
 }
 
-// Kept: the panel is unlocked once; from then on the key only hides it.
-void MainWindow::ToggleDebugPanel() {
-  State& state = app_.state;
-  bool shown = false;
-  if (!state.DebugMode) {
-    if (app_.host.AskText("enter code", "", "") != kAccessCode) return;
-    state.DebugMode = true;
-    state.logEnabled = true;
-    shown = true;
-  }
-  debugPanel_->setVisible(shown);
-  if (!isMaximized() && !isFullScreen())
-    resize(shown ? kWidthWithPanel : kWidth, height());
-}
-
 // Keeping work
 
 void MainWindow::KeepWork() {
@@ -210,18 +178,8 @@ void MainWindow::OfferRecovery() {
     box.exec();
     if (box.clickedButton() == discard) Recovery::Discard(copy);
     if (box.clickedButton() != recover) continue;
-    bool shown = false;
-    Act(MayRun::WhenIdle, [&] {
-      if (!MayLeavePuzzle(app_)) return;
-      ShowPuzzle(app_.state, app_.host, copy.puzzle);
-      app_.state.PuzzleFileName = copy.puzzlePath;
-      app_.state.puzzleFileStamp = StampOf(copy.puzzlePath);
-      app_.state.Caption =
-          copy.puzzlePath.empty() ? "" : "Puzzle File: " + copy.puzzlePath;
-      app_.savedText.clear();
-      shown = true;
-    });
-    if (!shown) continue;
+    Run(CommandOf("recover"), {.copy = &copy});
+    if (!app_.mayLeave) continue;
     // The old copy goes when this run's own copy is there.
     KeepWork();
     if (!keptText_.empty()) Recovery::Discard(copy);

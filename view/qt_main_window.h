@@ -2,8 +2,8 @@
 // state.  It decides nothing about puzzles.
 //
 // ShowState() copies the state into the widgets after each command and
-// before events run inside a task; widgets write the state on user edits
-// only.
+// before events run inside a task.  Nothing here writes the state: every
+// edit is a command.
 
 #pragma once
 
@@ -56,18 +56,16 @@ class MainWindow : public QMainWindow {
   void AddShortcuts();
   void ConnectPicture();
 
-  void Run(const Command& command);
-  void Act(MayRun mayRun, const std::function<void()>& action);
-  void KeepingFocus(const std::function<void()>& run);
+  // Does a command and shows what it left.
+  void Run(const Command& command, const Argument& argument = {});
   void Open(Window what);
   void PopUp(QMenu* menu, QWidget* below);
   void ShowMeaning();
-  void ToggleDebugPanel();
-  void EditTitle(const QString& text);
   void ShowFrames();
   void ShowScrollBars();
   void ShowTitleBar();
-  void ScrollPicture();
+  void ShowUndo();
+  void ShowDebugPanel();
   void KeepWork();
   void OfferRecovery();
 
@@ -92,6 +90,8 @@ class MainWindow : public QMainWindow {
   DebugPanel* debugPanel_ = nullptr;
   QMenu* blacksx_ = nullptr;
   QMenu* Solutionx_ = nullptr;
+  QAction* undox_ = nullptr;
+  QAction* redox_ = nullptr;
   FNDialog* gf1_ = nullptr;
   QPointer<HelpForm> helpForm_;
   QPointer<OverviewForm> form2_;

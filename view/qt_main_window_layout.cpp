@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
@@ -12,10 +13,7 @@
 #include <QWheelEvent>
 
 #include "controls/plain_text.h"
-#include "grid/new_grid.h"
 #include "view/qt_main_window.h"
-#include "view/qt_text.h"
-#include "view/unsaved.h"
 
 namespace {
 
@@ -57,7 +55,8 @@ MainWindow::MainWindow(App& app, WindowHost& host, QtPicture& picture,
   host_.quit = [this] { close(); };
   host_.keepWork = [this] { KeepWork(); };
 
-  connect(&binding_, &CommandBinding::Run, this, &MainWindow::Run);
+  connect(&binding_, &CommandBinding::Run, this,
+          [this](const Command& row) { Run(row); });
   ConnectEdits();
   ConnectPicture();
   AddShortcuts();
@@ -89,6 +88,11 @@ void MainWindow::BuildMenus() {
   binding_.Item(kdpx, "pdfx", 'D');
   binding_.Item(kdpx, "picturex", 't');
   connect(kdpx, &QMenu::aboutToShow, this, &MainWindow::ShowState);
+
+  QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+  edit->setObjectName("editx");
+  undox_ = binding_.Item(edit, "undox", 'U', "Ctrl+Z");
+  redox_ = binding_.Item(edit, "redox", 'R', "Ctrl+Shift+Z");
 
   blacksx_ = new QMenu(this);
   blacksx_->setObjectName("blacksx");
@@ -147,53 +151,32 @@ QWidget* MainWindow::BuildGridSide() {
 }
 
 void MainWindow::ConnectEdits() {
-  const auto edit = [this](QLineEdit* box, auto change) {
+  const auto edit = [this](QLineEdit* box) {
     connect(box, &QLineEdit::textEdited, this,
-            [this, change](const QString& text) {
-              change(app_.state, text);
-              ShowState();
+            [this, box](const QString& text) {
+              Run(CommandOf(box->objectName().toStdString()),
+                  {.text = text.toStdString()});
             });
   };
-  edit(frames_->Text3, [](State& state, const QString& text) {
-    EditGridSize(state, text.toStdString());
-  });
-  edit(frames_->Text2, [](State& state, const QString& text) {
-    EditBlackSquareCount(state, text.toStdString());
-  });
-  edit(frames_->Text4, [](State& state, const QString& text) {
-    state.Text4 = text.toStdString();
-  });
-  edit(debugPanel_->Text1, [](State& state, const QString& text) {
-    state.Text1 = text.toStdString();
-  });
-  connect(Text5_, &QLineEdit::textEdited, this, &MainWindow::EditTitle);
-  frames_->Text3->installEventFilter(this);
+  for (QLineEdit* box : {Text5_, frames_->Text2, frames_->Text3, frames_->Text4,
+                         debugPanel_->Text1})
+    edit(box);
   // Enter in a box does what the button beside it does.
   connect(frames_->Text3, &QLineEdit::returnPressed, this, [this] {
-    LeaveGridSize(app_.state);
+    Run(CommandOf("Text3(left)"));
     Run(CommandOf("Command2"));
   });
   connect(frames_->Text4, &QLineEdit::returnPressed, this,
           [this] { Run(CommandOf("Command6")); });
-}
-
-void MainWindow::EditTitle(const QString& text) {
-  app_.state.Text5 = ToTitle(text);
-  ShowState();
+  for (QLineEdit* box : findChildren<QLineEdit*>())
+    box->installEventFilter(this);
 }
 
 void MainWindow::ConnectPicture() {
   Picture2_->installEventFilter(this);
-  connect(Picture1_, &GridView::Clicked, this,
-          [this](MouseButton button, int shiftState, int x, int y) {
-            Act(MayRun::WhenIdle,
-                [&] { ClickPicture(app_, button, shiftState, x, y); });
-          });
-  connect(Picture1_, &GridView::Keyed, this,
-          [this](MouseButton button, int shiftState, Pos cell) {
-            Act(MayRun::WhenIdle,
-                [&] { ClickCell(app_, button, shiftState, cell); });
-          });
+  connect(Picture1_, &GridView::Clicked, this, [this](const Click& click) {
+    Run(CommandOf(ControlOfClick(click.shiftState)), {.click = click});
+  });
   connect(Picture1_, &GridView::CursorMoved, this, [this](QRect box) {
     // Scrolls as little as shows the cell.
     const auto scroll = [](QScrollBar* bar, int from, int to, int view) {
@@ -205,7 +188,11 @@ void MainWindow::ConnectPicture() {
     scroll(VScroll1_, box.top(), box.bottom(), Picture2_->height());
   });
   for (QScrollBar* bar : {HScroll1_, VScroll1_})
-    connect(bar, &QScrollBar::valueChanged, this, &MainWindow::ScrollPicture);
+    connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) {
+      Do(app_, bar->objectName().toStdString(), {.place = value});
+      ShowScrollBars();
+      Picture1_->setFocus();
+    });
 }
 
 void MainWindow::AddShortcuts() {
@@ -222,22 +209,30 @@ void MainWindow::AddShortcuts() {
   run("Ctrl+Shift+P", "previewx");
   run("Ctrl+H", "helpx");
   run("Ctrl+Q", "exitx");
+  run("Ctrl+Z", "undox");
+  run("Ctrl+Shift+Z", "redox");
+  run("Ctrl+Y", "redox");
+  run("F1", "F1");
   on(QKeySequence("Ctrl+S"), [this] {
     const bool named = !app_.state.PuzzleFileName.empty();
     Run(CommandOf(named ? "Savey" : "savex"));
   });
-  on(QKeySequence(Qt::Key_F1),
-     [this] { Act(MayRun::Always, [this] { ToggleDebugPanel(); }); });
   on(QKeySequence(Qt::Key_Escape), [this] {
     if (app_.taskRuns) Run(CommandOf("Command8"));
   });
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == frames_->Text3 && event->type() == QEvent::FocusOut &&
-      !app_.taskRuns) {
-    LeaveGridSize(app_.state);
+  if (watched == frames_->Text3 && event->type() == QEvent::FocusOut) {
+    Do(app_, "Text3(left)");
     ShowState();
+  }
+  // Undo in a text box is the program's: the box does not take the keys.
+  if (event->type() == QEvent::ShortcutOverride &&
+      qobject_cast<QLineEdit*>(watched)) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo))
+      return true;
   }
   if (watched == Picture2_ && event->type() == QEvent::Resize) ShowScrollBars();
   if (watched == Picture2_ && event->type() == QEvent::Wheel) {

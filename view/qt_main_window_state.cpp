@@ -9,6 +9,9 @@
 
 namespace {
 
+constexpr int kWidth = 11350 / kTwipsPerPixel;
+constexpr int kWidthWithPanel = 15075 / kTwipsPerPixel;
+
 void Show(QLineEdit* box, const QString& text) {
   if (box->text() == text) return;
   // What the user is typing is in the state already; the cursor stays where
@@ -68,13 +71,15 @@ void MainWindow::ShowState() {
   Picture1_->ShowPicture();
   ShowScrollBars();
   if (form2_ && form2_->isVisible()) form2_->Refresh();
+  ShowDebugPanel();
   debugPanel_->Refresh(app_.taskRuns);
+  ShowUndo();
   ShowTitleBar();
 }
 
 void MainWindow::ShowFrames() {
   const Frames& frames = app_.state.frames;
-  binding_.ShowWhatMayRun(app_.taskRuns);
+  binding_.ShowWhatMayRun(app_);
   Enable(frames_->GridFrame, frames.GridFrame);
   Enable(frames_->DictFrame, frames.DictFrame);
   Enable(frames_->Blacksframe, frames.Blacksframe);
@@ -105,11 +110,26 @@ void MainWindow::ShowScrollBars() {
   if (Picture1_->pos() != place) Picture1_->move(place);
 }
 
-void MainWindow::ScrollPicture() {
-  app_.state.HScroll1.Value = HScroll1_->value();
-  app_.state.VScroll1.Value = VScroll1_->value();
-  ShowScrollBars();
-  Picture1_->setFocus();
+void MainWindow::ShowUndo() {
+  const auto show = [](QAction* item, std::string_view caption) {
+    // "Undo Compile", before the keys.
+    const QString text = item->text();
+    const QString what =
+        '&' + item->property("caption").toString() + ' ' + ToQt(caption);
+    const QString shown = what.trimmed() + text.mid(text.indexOf('\t'));
+    if (text != shown) item->setText(Plain(shown));
+  };
+  show(undox_, app_.history.UndoCaption());
+  show(redox_, app_.history.RedoCaption());
+}
+
+// The panel makes the window wider.
+void MainWindow::ShowDebugPanel() {
+  const bool shown = app_.state.debugPanelShown;
+  if (shown == !debugPanel_->isHidden()) return;
+  debugPanel_->setVisible(shown);
+  if (!isMaximized() && !isFullScreen())
+    resize(shown ? kWidthWithPanel : kWidth, height());
 }
 
 void MainWindow::ShowTitleBar() {

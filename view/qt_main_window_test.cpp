@@ -254,7 +254,7 @@ TEST(MainWindow, HaltStopsAFillAndNothingStartsTwice) {
   bool ran = false, refused = false;
   QTimer::singleShot(300, [&] {
     ran = desk.app.taskRuns;
-    refused = !RunCommand(desk.app, CommandOf("Command2")) &&
+    refused = !Do(desk.app, "Command2") &&
               !desk.Find<QAbstractButton>("Command20")->isEnabled();
     desk.Press("Command8");
   });
@@ -312,12 +312,16 @@ TEST(MainWindow, ClosingStopsTheTaskFirst) {
   // A task that only Halt ends.
   desk.answers = {"Discard"};
   desk.ClickCell(1, 2, Qt::ShiftModifier);
-  RunAction(desk.app, MayRun::WhenIdle, [&] {
-    QTimer::singleShot(20, desk.window.get(), &QWidget::close);
-    while (!desk.app.state.haltRequested)
-      AwaitHalt(desk.app.state, desk.host, "waiting");
+  const Command waiting = {"waiting", "Wait", "", MayRun::WhenIdle,
+                           [](App& app) {
+                             while (!app.state.haltRequested)
+                               AwaitHalt(app.state, app.host, "waiting");
+                           }};
+  QTimer::singleShot(20, desk.window.get(), [&] {
+    desk.window->close();
     closedWhileRunning = !desk.window->isVisible();
   });
+  Do(desk.app, waiting);
   EXPECT_FALSE(closedWhileRunning);
   desk.window->close();
   EXPECT_FALSE(desk.window->isVisible());

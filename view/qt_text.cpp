@@ -3,11 +3,9 @@
 #include "base/utf8.h"
 
 QString FromBytes(std::string_view text) {
-  return QString::fromStdString(FromUnknown(text));
+  return ToQt(FromUnknown(text));
 }
 
-std::string ToTitle(const QString& text) {
-  const std::string title = text.toStdString();
-  const auto bytes = ToLatin1(title);
-  return bytes && FromUnknown(*bytes) == title ? *bytes : title;
+QString ToQt(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }

@@ -10,6 +10,4 @@
 // taken from the grid and a puzzle's title may be).
 QString FromBytes(std::string_view text);
 
-// A title as puzzle files have it: one byte a character where that reads as
-// the same text again, else UTF-8.
-std::string ToTitle(const QString& text);
+QString ToQt(std::string_view utf8);

@@ -1,19 +1,14 @@
 #include "view/unsaved.h"
 
-#include <algorithm>
-
 #include "files/puzzle_file.h"
 
 namespace {
 
-constexpr std::string_view kFirstTitle = "New Puzzle";
-
-bool HasContent(const State& state) {
-  bool content = state.Text5 != kFirstTitle;
-  ForEachCell(state.paint.width, [&](Pos p) {
-    content |= state.Grid[p] != kEmptyCell && state.Grid[p] != kNoCell;
-  });
-  return content;
+// A document as the program begins with: nothing to lose.
+bool IsBlank(const Document& document) {
+  Document blank(document.width, document.height);
+  blank.title = State().Text5;
+  return document == blank;
 }
 
 // The state's puzzle at the size in which it was drawn.
@@ -37,25 +32,7 @@ bool Save(App& app) {
   return saved;
 }
 
-}  // namespace
-
-std::string WorkText(const State& state) {
-  return PuzzleText(state.GridSize == state.paint.width ? state
-                                                        : *AsDrawn(state));
-}
-
-void NoteSaved(App& app) {
-  app.savedText = WorkText(app.state);
-}
-
-bool HasUnsavedWork(const App& app) {
-  const State& state = app.state;
-  if (state.PuzzleFileName.empty() && !HasContent(state)) return false;
-  return WorkText(state) != app.savedText ||
-         HasVanished(state.puzzleFileStamp, state.PuzzleFileName);
-}
-
-bool MayLeavePuzzle(App& app) {
+bool LetGo(App& app) {
   if (!HasUnsavedWork(app)) return true;
   switch (app.host.AskUnsaved("Do you want to save the changes to " +
                               (app.state.Text5.empty()
@@ -70,4 +47,27 @@ bool MayLeavePuzzle(App& app) {
       break;
   }
   return false;
+}
+
+}  // namespace
+
+std::string WorkText(const State& state) {
+  return PuzzleText(state.GridSize == state.paint.width ? state
+                                                        : *AsDrawn(state));
+}
+
+void NoteSaved(App& app) {
+  app.history.NoteSaved(app.state.PuzzleFileName);
+}
+
+bool HasUnsavedWork(const App& app) {
+  const Document live = LiveDocument(app);
+  if (app.history.File().empty() && IsBlank(live)) return false;
+  return !app.history.IsSaved(live) ||
+         HasVanished(app.state.puzzleFileStamp, app.state.PuzzleFileName);
+}
+
+bool MayLeavePuzzle(App& app) {
+  app.mayLeave = LetGo(app);
+  return app.mayLeave;
 }
