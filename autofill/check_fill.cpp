@@ -51,7 +51,7 @@ class Runs {
 
 std::string FindFault(const Problem& problem, const Letters& filled,
                       const WordList& words, int minimum, int shared) {
-  const std::string letterFault = FindLetterFault(problem, filled);
+  std::string letterFault = FindLetterFault(problem, filled);
   if (!letterFault.empty()) return letterFault;
   std::set<std::string> seen;
   Runs runs(shared);
