@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 enum class PointerShape { Normal, Hourglass };
 
@@ -13,8 +14,15 @@ enum class TriesAnswer { Abort = 3, Retry = 4, Ignore = 5 };
 
 enum class UnsavedAnswer { Save, Discard, Cancel };
 
+enum class LossesAnswer { Write, ExportWhole, Cancel };
+
 // What the program opens beside its messages.
 enum class Window { BlacksMenu, SolutionMenu, Overview, Help, About, Meaning };
+
+// A kind of file to choose: "ipuz puzzle", "*.ipuz".
+struct FileChoice {
+  std::string name, pattern;
+};
 
 // What a file name is asked for with.
 struct FileRequest {
@@ -23,6 +31,8 @@ struct FileRequest {
   std::string Title;
   std::string FileTypes;      // "*.txt;*.dic;*.dat"
   std::string FileTypesName;  // "Dictionary Files"
+  // To choose from, in place of the two above.
+  std::vector<FileChoice> kinds{};
 };
 
 // What the user asked of the running task, beside the commands that have run
@@ -49,6 +59,12 @@ class Host {
   // Whether to save a puzzle that is about to be replaced.
   virtual UnsavedAnswer AskUnsaved(std::string_view) {
     return UnsavedAnswer::Discard;
+  }
+
+  // Whether to write a file that would lack something, or that cannot be
+  // written at all.
+  virtual LossesAnswer AskLosses(std::string_view, bool /*canWrite*/) {
+    return LossesAnswer::Cancel;
   }
 
   // Opens a window or a pop-up menu and returns when the user can work with

@@ -10,8 +10,7 @@ QString FNDialog::GetFileName(const QString& mode) {
   const QString folder = QDir::currentPath();
   const bool save = mode.toUpper() == "SAVE";
   QFileDialog dialog(this, Title, StartFolder());
-  dialog.setNameFilter(FileTypesName + " (" +
-                       QString(FileTypes).replace(';', ' ') + ")");
+  dialog.setNameFilters(Filters(save));
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave
                             : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -22,7 +21,29 @@ QString FNDialog::GetFileName(const QString& mode) {
     name = dialog.selectedFiles().first();
   QDir::setCurrent(folder);
   if (name.isEmpty() || !save) return name;
-  return WithExtension(name, FileTypes);
+  if (Kinds.isEmpty()) return WithExtension(name, FileTypes);
+  return WithEndingOfKind(
+      name, dialog.nameFilters().indexOf(dialog.selectedNameFilter()));
+}
+
+QStringList FNDialog::Filters(bool save) const {
+  const auto filter = [](const QString& name, const QString& patterns) {
+    return name + " (" + QString(patterns).replace(';', ' ') + ")";
+  };
+  if (Kinds.isEmpty()) return {filter(FileTypesName, FileTypes)};
+  QStringList filters, patterns;
+  for (const auto& [name, pattern] : Kinds) {
+    filters.append(filter(name, pattern));
+    patterns.append(pattern);
+  }
+  if (!save) filters.prepend(filter(tr("All puzzles"), patterns.join(' ')));
+  return filters;
+}
+
+QString FNDialog::WithEndingOfKind(const QString& name, qsizetype kind) const {
+  for (const auto& [kindName, pattern] : Kinds)
+    if (name.endsWith(pattern.mid(1), Qt::CaseInsensitive)) return name;
+  return kind < 0 ? name : name + Kinds[kind].second.mid(1);
 }
 
 QString FNDialog::StartFolder() const {

@@ -18,8 +18,12 @@ class FNDialog : public QPushButton {
   QString FileTypes;  // "*.bmp" or "*.txt;*.dic;*.dat"
   QString Title;
   QString FileTypesName;  // "Dictionary Files"
-  QString DefaultDir;     // where the dialog opens, if the user may write
-                          // there, else the user's home
+  // Names and patterns to choose from, in place of the two above: all of them
+  // at once to open; to save, the chosen one's ending goes to a name without
+  // any of theirs.
+  QList<std::pair<QString, QString>> Kinds;
+  QString DefaultDir;  // where the dialog opens, if the user may write
+                       // there, else the user's home
 
   // Shows the dialog, mode "OPEN" or "SAVE"; the full path, "" if cancelled.
   QString GetFileName(const QString& mode);
@@ -29,5 +33,7 @@ class FNDialog : public QPushButton {
   static QString WithExtension(const QString& name, const QString& fileTypes);
 
  private:
+  QStringList Filters(bool save) const;
+  QString WithEndingOfKind(const QString& name, qsizetype kind) const;
   QString StartFolder() const;
 };

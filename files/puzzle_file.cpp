@@ -47,8 +47,8 @@ FileRequest RequestPuzzle(FileRequest::Mode mode, std::string title) {
   return {mode, std::move(title), "*.kdp", "Crossword Files"};
 }
 
-bool Save(State& state, Host& host, const std::string& path) {
-  const std::string text = PuzzleText(state);
+bool Save(State& state, Host& host, const std::string& path,
+          const std::string& text) {
   if (!SaveFile(host, path, [&] { return text; })) return false;
   state.puzzleFileStamp = StampOfContent(text);
   return true;
@@ -120,29 +120,30 @@ bool LoadPuzzle(State& state, Host& host) {
   return true;
 }
 
-bool SavePuzzleAs(State& state, Host& host) {
+bool SavePuzzleAs(State& state, Host& host, const std::string& text) {
   const std::string path = host.AskFileName(
       RequestPuzzle(FileRequest::Mode::Save, "Select a file to save solution"));
   if (path.empty() || !ConfirmOverwrite(host, path)) return false;
-  if (!Save(state, host, path)) return false;
+  if (!Save(state, host, path, text)) return false;
   NameFile(state, path);
   host.Tell("Saved to: " + path);
   return true;
 }
 
-bool UpdatePuzzle(State& state, Host& host) {
+bool UpdatePuzzle(State& state, Host& host, const std::string& text) {
   const std::string& path = state.PuzzleFileName;
   if (path.empty()) {
     host.Tell("No file name to save");
     return false;
   }
-  return host.AskYesNo("Update " + path + " ?") && SaveInItsFile(state, host);
+  return host.AskYesNo("Update " + path + " ?") &&
+         SaveInItsFile(state, host, text);
 }
 
-bool SaveInItsFile(State& state, Host& host) {
+bool SaveInItsFile(State& state, Host& host, const std::string& text) {
   const std::string& path = state.PuzzleFileName;
   return ConfirmChange(host, path, state.puzzleFileStamp) &&
-         Save(state, host, path);
+         Save(state, host, path, text);
 }
 
 void NameFile(State& state, const std::string& path) {

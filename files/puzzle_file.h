@@ -38,13 +38,14 @@ void ShowPuzzle(State& state, Host& host, const Puzzle& puzzle);
 //   /home/me/a.kdp: the file is empty
 bool OpenPuzzle(State& state, Host& host, const std::string& path);
 
-// The commands; each returns whether it loaded or saved.
+// The commands, the last two with the text of the file; each returns whether
+// it loaded or saved.
 bool LoadPuzzle(State& state, Host& host);
-bool SavePuzzleAs(State& state, Host& host);
-bool UpdatePuzzle(State& state, Host& host);
+bool SavePuzzleAs(State& state, Host& host, const std::string& text);
+bool UpdatePuzzle(State& state, Host& host, const std::string& text);
 
 // Saves the puzzle where it was opened or saved before.
-bool SaveInItsFile(State& state, Host& host);
+bool SaveInItsFile(State& state, Host& host, const std::string& text);
 
 // From here on the puzzle belongs to a file, "" for none, and the window's
 // caption tells it.

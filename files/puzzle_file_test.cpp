@@ -17,11 +17,11 @@ TEST(PuzzleFile, LoadsAndSavesByTheQuestionsOfTheCommands) {
   const std::string path = folder.Path("a.kdp");
   Desk desk({"#A...", ".....", "..#..", ".....", "....#"});
   desk.state.Text5 = "A #. title";
-  UpdatePuzzle(desk.state, desk.host);
+  UpdatePuzzle(desk.state, desk.host, PuzzleText(desk.state));
   EXPECT_EQ(desk.host.told.back(), "No file name to save");
 
   desk.host.script = {{kSave, path}};
-  SavePuzzleAs(desk.state, desk.host);
+  SavePuzzleAs(desk.state, desk.host, PuzzleText(desk.state));
   EXPECT_EQ(folder.Read("a.kdp"),
             "A #. title\r\n#A...\r\n.....\r\n..#..\r\n.....\r\n....#\r\n");
   EXPECT_EQ(desk.host.told.back(), "Saved to: " + path);
@@ -29,16 +29,16 @@ TEST(PuzzleFile, LoadsAndSavesByTheQuestionsOfTheCommands) {
 
   desk.state.Grid[{2, 2}] = 'B';
   desk.host.script = {{kSave, path}, {"OverWrite file: " + path + " ?", "no"}};
-  SavePuzzleAs(desk.state, desk.host);
+  SavePuzzleAs(desk.state, desk.host, PuzzleText(desk.state));
   desk.host.script = {{"Update " + path + " ?", "no"}};
-  UpdatePuzzle(desk.state, desk.host);
+  UpdatePuzzle(desk.state, desk.host, PuzzleText(desk.state));
   EXPECT_EQ(folder.Read("a.kdp").find('B'), std::string::npos);
   desk.host.script = {{"Update " + path + " ?", "yes"}};
-  UpdatePuzzle(desk.state, desk.host);
+  UpdatePuzzle(desk.state, desk.host, PuzzleText(desk.state));
   EXPECT_NE(folder.Read("a.kdp").find('B'), std::string::npos);
   // An empty file is replaced without a question.
   desk.host.script = {{kSave, folder.Write("b.kdp", "")}};
-  SavePuzzleAs(desk.state, desk.host);
+  SavePuzzleAs(desk.state, desk.host, PuzzleText(desk.state));
   EXPECT_FALSE(folder.Read("b.kdp").empty());
 
   Desk other({".......", ".......", ".......", ".......", ".......", ".......",

@@ -50,6 +50,12 @@ class FakeHost : public Host {
     if (answer == "ignore") return TriesAnswer::Ignore;
     return TriesAnswer::Abort;
   }
+  LossesAnswer AskLosses(std::string_view text, bool) override {
+    const std::string answer = Next(text);
+    return answer == "write"    ? LossesAnswer::Write
+           : answer == "export" ? LossesAnswer::ExportWhole
+                                : LossesAnswer::Cancel;
+  }
   std::string AskText(std::string_view prompt, std::string_view,
                       std::string_view) override {
     return Next(prompt);

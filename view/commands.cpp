@@ -18,6 +18,7 @@
 #include "solver/fill.h"
 #include "solver/matcher.h"
 #include "view/debug_panel.h"
+#include "view/exchange.h"
 #include "view/file_commands.h"
 #include "view/test_buttons.h"
 #include "view/undo.h"
@@ -195,6 +196,8 @@ constexpr Command kCommands[] = {
     {"undox", "Undo", "", kIdle, UndoStep, Needs::Undo},
     {"redox", "Redo", "", kIdle, RedoStep, Needs::Redo},
     // Below a separator
+    {"importx", "Import", "", kIdle, ImportPuzzle},
+    {"exportx", "Export", "", kIdle, ExportPuzzle},
     {"previewx", "Print Preview", "", kIdle, ShowPreview, Needs::Grid},
     {"pdfx", "Save as PDF", "", kIdle, SavePdf, Needs::Grid},
     {"picturex", "Save as Picture", "", kIdle, SavePicture, Needs::Grid},

@@ -3,6 +3,7 @@
 #include "files/puzzle_file.h"
 #include "files/recovery.h"
 #include "grid/bridge.h"
+#include "view/exchange.h"
 #include "view/unsaved.h"
 
 namespace {
@@ -18,6 +19,18 @@ void BeginLoaded(App& app, std::string_view caption) {
   NoteSaved(app);
 }
 
+// By what is in the file; one that cannot be read is left to Load, which
+// tells why.
+bool IsOfOtherProgram(const std::string& path) {
+  try {
+    const std::string bytes = ReadFile(path, Opens::RegularFiles);
+    const Format* format = FormatOfBytes(bytes, path);
+    return format && format->id != "kdp";
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 void LoadFile(App& app) {
@@ -26,16 +39,23 @@ void LoadFile(App& app) {
 }
 
 void OpenFile(App& app, const Argument& path) {
-  if (MayLeavePuzzle(app) && OpenPuzzle(app.state, app.host, path.text))
+  if (!MayLeavePuzzle(app)) return;
+  if (IsOfOtherProgram(path.text))
+    ImportFile(app, path.text, "Open");
+  else if (OpenPuzzle(app.state, app.host, path.text))
     BeginLoaded(app, "Open");
 }
 
 void UpdateFile(App& app) {
-  if (UpdatePuzzle(app.state, app.host)) NoteSaved(app);
+  const bool named = !app.state.PuzzleFileName.empty();
+  if (named && AskAboutLosses(app, *FindFormat("kdp")) != Writing::GoesOn)
+    return;
+  if (UpdatePuzzle(app.state, app.host, FileText(app))) NoteSaved(app);
 }
 
 void SaveFileAs(App& app) {
-  if (SavePuzzleAs(app.state, app.host)) NoteSaved(app);
+  if (AskAboutLosses(app, *FindFormat("kdp")) != Writing::GoesOn) return;
+  if (SavePuzzleAs(app.state, app.host, FileText(app))) NoteSaved(app);
 }
 
 void RecoverPuzzle(App& app, const Argument& argument) {

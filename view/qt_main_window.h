@@ -47,6 +47,8 @@ class MainWindow : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   // Building (qt_main_window_layout.cpp).
@@ -65,6 +67,7 @@ class MainWindow : public QMainWindow {
   void ShowScrollBars();
   void ShowTitleBar();
   void ShowUndo();
+  void ShowWhyNot();
   void ShowDebugPanel();
   void KeepWork();
   void OfferRecovery();
@@ -81,6 +84,7 @@ class MainWindow : public QMainWindow {
   bool ended_ = false;
 
   QLineEdit* Text5_ = nullptr;
+  QLabel* whyNot_ = nullptr;     // of a puzzle that can only be looked at
   QWidget* Picture2_ = nullptr;  // the frame around the grid picture
   GridView* Picture1_ = nullptr;
   QScrollBar* HScroll1_ = nullptr;

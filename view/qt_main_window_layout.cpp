@@ -8,8 +8,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include "controls/plain_text.h"
@@ -32,6 +34,7 @@ MainWindow::MainWindow(App& app, WindowHost& host, QtPicture& picture,
       binding_(this),
       recovery_(options_.recoveryFolder) {
   setObjectName("Form1");
+  setAcceptDrops(true);
   BuildMenus();
   auto* centre = new QWidget;
   auto* layout = new QHBoxLayout(centre);
@@ -84,6 +87,8 @@ void MainWindow::BuildMenus() {
   kdpx->addSeparator()->setObjectName("dash1");
   binding_.Item(kdpx, "exitx", 'x', "Ctrl+Q");
   kdpx->addSeparator()->setObjectName("dash3");
+  binding_.Item(kdpx, "importx", 'I', "Ctrl+I");
+  binding_.Item(kdpx, "exportx", 'E', "Ctrl+E");
   binding_.Item(kdpx, "previewx", 'P', "Ctrl+Shift+P");
   binding_.Item(kdpx, "pdfx", 'D');
   binding_.Item(kdpx, "picturex", 't');
@@ -125,27 +130,34 @@ QWidget* MainWindow::BuildGridSide() {
   Text5_->setFont(font);
   layout->addWidget(Text5_, 0, 0, 1, 2);
 
+  whyNot_ = new QLabel;
+  whyNot_->setObjectName("WhyNotClassic");
+  whyNot_->setTextFormat(Qt::PlainText);
+  whyNot_->setWordWrap(true);
+  whyNot_->setMargin(4);
+  layout->addWidget(whyNot_, 1, 0, 1, 2);
+
   Picture2_ = new QWidget;
   Picture2_->setObjectName("Picture2");
   Picture2_->setMinimumSize(200, 150);
   Picture1_ = new GridView(app_.state, picture_, Picture2_);
-  layout->addWidget(Picture2_, 1, 0);
+  layout->addWidget(Picture2_, 2, 0);
   VScroll1_ = new QScrollBar(Qt::Vertical);
   VScroll1_->setFixedWidth(12);
   VScroll1_->setObjectName("VScroll1");
   VScroll1_->setAccessibleName(tr("Scroll the grid up and down"));
-  layout->addWidget(VScroll1_, 1, 1);
+  layout->addWidget(VScroll1_, 2, 1);
   HScroll1_ = new QScrollBar(Qt::Horizontal);
   HScroll1_->setFixedHeight(12);
   HScroll1_->setObjectName("HScroll1");
   HScroll1_->setAccessibleName(tr("Scroll the grid left and right"));
-  layout->addWidget(HScroll1_, 2, 0);
+  layout->addWidget(HScroll1_, 3, 0);
 
   ProgBar_ = new ::ProgBar;
   ProgBar_->setObjectName("ProgBar");
   ProgBar_->setAccessibleName(tr("Progress"));
-  layout->addWidget(ProgBar_, 3, 0, 1, 2);
-  layout->setRowStretch(1, 1);
+  layout->addWidget(ProgBar_, 4, 0, 1, 2);
+  layout->setRowStretch(2, 1);
   layout->setColumnStretch(0, 1);
   return side;
 }
@@ -209,6 +221,8 @@ void MainWindow::AddShortcuts() {
   run("Ctrl+Shift+P", "previewx");
   run("Ctrl+H", "helpx");
   run("Ctrl+Q", "exitx");
+  run("Ctrl+I", "importx");
+  run("Ctrl+E", "exportx");
   run("Ctrl+Z", "undox");
   run("Ctrl+Shift+Z", "redox");
   run("Ctrl+Y", "redox");
@@ -243,4 +257,18 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+// The first of the files, once the other program has its answer.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+  event->acceptProposedAction();
+  const std::string path = urls.first().toLocalFile().toStdString();
+  QTimer::singleShot(0, this,
+                     [this, path] { Run(CommandOf("open"), {.text = path}); });
 }

@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 
 #include "controls/plain_text.h"
+#include "grid/bridge.h"
 #include "view/qt_main_window.h"
 #include "view/qt_text.h"
 #include "view/unsaved.h"
@@ -74,6 +75,7 @@ void MainWindow::ShowState() {
   ShowDebugPanel();
   debugPanel_->Refresh(app_.taskRuns);
   ShowUndo();
+  ShowWhyNot();
   ShowTitleBar();
 }
 
@@ -121,6 +123,12 @@ void MainWindow::ShowUndo() {
   };
   show(undox_, app_.history.UndoCaption());
   show(redox_, app_.history.RedoCaption());
+}
+
+void MainWindow::ShowWhyNot() {
+  const QString why = ToQt(WhyNotClassic(*app_.history.Now()));
+  if (whyNot_->text() != why) whyNot_->setText(Plain(why));
+  whyNot_->setVisible(!why.isEmpty());
 }
 
 // The panel makes the window wider.

@@ -49,7 +49,7 @@ TEST(Paper, TheMenuHasTheItemsBelowTheRequiredOnes) {
     names << item->objectName();
   EXPECT_EQ(names.join(" ").toStdString(),
             "loadx Savey savex copx overviewx helpx aboutx dash1 exitx dash3 "
-            "previewx pdfx picturex");
+            "importx exportx previewx pdfx picturex");
 }
 
 TEST(Paper, BothPrintButtonsAskAndPrint) {

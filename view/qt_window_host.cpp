@@ -79,6 +79,24 @@ UnsavedAnswer WindowHost::AskUnsaved(std::string_view text) {
   }
 }
 
+LossesAnswer WindowHost::AskLosses(std::string_view text, bool canWrite) {
+  showState();
+  MessageBox box(Lines(text), window);
+  const QAbstractButton* write =
+      canWrite ? box.addButton(QObject::tr("&Write Anyway"),
+                               QMessageBox::DestructiveRole)
+               : nullptr;
+  auto* whole =
+      box.addButton(QObject::tr("&Export as .ipuz"), QMessageBox::AcceptRole);
+  box.setEscapeButton(box.addButton(QMessageBox::Cancel));
+  box.setDefaultButton(whole);
+  box.exec();
+  sincePoll_.restart();
+  if (box.clickedButton() == whole) return LossesAnswer::ExportWhole;
+  return write && box.clickedButton() == write ? LossesAnswer::Write
+                                               : LossesAnswer::Cancel;
+}
+
 std::string WindowHost::AskText(std::string_view prompt, std::string_view title,
                                 std::string_view preset) {
   showState();
@@ -98,6 +116,9 @@ std::string WindowHost::AskText(std::string_view prompt, std::string_view title,
 std::string WindowHost::AskFileName(const FileRequest& request) {
   showState();
   gf1->Title = FromBytes(request.Title);
+  gf1->Kinds.clear();
+  for (const FileChoice& kind : request.kinds)
+    gf1->Kinds.append({FromBytes(kind.name), FromBytes(kind.pattern)});
   gf1->FileTypes = FromBytes(request.FileTypes);
   gf1->FileTypesName = FromBytes(request.FileTypesName);
   const bool save = request.mode == FileRequest::Mode::Save;

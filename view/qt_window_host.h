@@ -33,6 +33,7 @@ class WindowHost : public Host {
                       std::string_view preset) override;
   std::string AskFileName(const FileRequest& request) override;
   UnsavedAnswer AskUnsaved(std::string_view text) override;
+  LossesAnswer AskLosses(std::string_view text, bool canWrite) override;
   void Open(Window what) override { open(what); }
   void Quit() override { quit(); }
   Events ShowLogLine(std::string_view line) override;

@@ -1,6 +1,8 @@
 #include "view/unsaved.h"
 
 #include "files/puzzle_file.h"
+#include "grid/bridge.h"
+#include "view/exchange.h"
 
 namespace {
 
@@ -23,11 +25,22 @@ class AsDrawn {
   State copy_;
 };
 
+// In the puzzle's own file, or in the one that the user names; whether it was
+// saved.
 bool Save(App& app) {
   State& state = app.state;
+  switch (AskAboutLosses(app, *FindFormat("kdp"))) {
+    case Writing::IsDone:
+      return true;
+    case Writing::IsCancelled:
+      return false;
+    case Writing::GoesOn:
+      break;
+  }
+  const std::string text = FileText(app);
   const bool saved = state.PuzzleFileName.empty()
-                         ? SavePuzzleAs(state, app.host)
-                         : SaveInItsFile(state, app.host);
+                         ? SavePuzzleAs(state, app.host, text)
+                         : SaveInItsFile(state, app.host, text);
   if (saved) NoteSaved(app);
   return saved;
 }
@@ -50,6 +63,12 @@ bool LetGo(App& app) {
 }
 
 }  // namespace
+
+std::string FileText(const App& app) {
+  const Document live = LiveDocument(app);
+  return WhyNotClassic(live).empty() ? PuzzleText(app.state)
+                                     : FindFormat("kdp")->Write(live);
+}
 
 std::string WorkText(const State& state) {
   return PuzzleText(state.GridSize == state.paint.width ? state

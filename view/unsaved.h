@@ -8,6 +8,9 @@
 // grid as it was drawn.
 std::string WorkText(const State& state);
 
+// The puzzle as a .kdp file holds it.
+std::string FileText(const App& app);
+
 // From here on the puzzle counts as saved.
 void NoteSaved(App& app);
 
