@@ -30,3 +30,5 @@ void AddSheetCommand(CLI::App& app, int& status);
 void AddPictureCommand(CLI::App& app, int& status);
 void AddConvertCommand(CLI::App& app, int& status);
 void AddInfoCommand(CLI::App& app, int& status);
+void AddPageCommand(CLI::App& app, int& status);
+void AddReviewCommand(CLI::App& app, int& status);

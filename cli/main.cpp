@@ -36,6 +36,8 @@ int Run(int argc, char** argv) {
   AddPictureCommand(app, status);
   AddConvertCommand(app, status);
   AddInfoCommand(app, status);
+  AddPageCommand(app, status);
+  AddReviewCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -14,6 +14,7 @@ test_packages=(
   cups cups-client cups-filters          # a print service for the tests
   ghostscript printer-driver-cups-pdf
   poppler-utils xclip                    # looking at pages and pictures
+  chromium chromium-driver python3-selenium  # the playable page
   clang-14 libclang-rt-14-dev            # fuzz targets
   git clang-format-14 clang-tidy-14      # how sources are written
   xvfb xauth openbox xdotool x11-utils   # the program from outside
