@@ -69,8 +69,8 @@ int RunReview(const Options& options) {
 
 void AddReviewCommand(CLI::App& app, int& status) {
   auto options = std::make_shared<Options>();
-  CLI::App* command = app.add_subcommand(
-      "review", "Tell which house rules a puzzle breaks.");
+  CLI::App* command =
+      app.add_subcommand("review", "Tell which house rules a puzzle breaks.");
   command->footer(
       "A line for each finding: broken mostWords: 79 words, 1 more than 78\n"
       "Rule sets: american-daily-15, american-sunday-21, british-lattice,\n"
@@ -79,8 +79,7 @@ void AddReviewCommand(CLI::App& app, int& status) {
       "Example: kelda-cli review puzzle.ipuz --rules american-daily-15");
   command->add_option("PUZZLE", options->puzzle, "Puzzle file")->required();
   command
-      ->add_option("--rules", options->rules,
-                   "Rule set: a name or a JSON file")
+      ->add_option("--rules", options->rules, "Rule set: a name or a JSON file")
       ->capture_default_str();
   AddListOption(*command, options->lists);
   command->add_flag("--json", options->json, "A JSON object for each finding");
