@@ -100,7 +100,11 @@ def check_desktop_files(usr):
     output("appstreamcli", "validate-tree", "--no-net", os.path.dirname(usr))
     output("update-mime-database", os.path.join(usr, "share/mime"))
     with open(os.path.join(usr, "share/mime/globs2")) as globs:
-        assert "50:application/x-kelda-puzzle:*.kdp" in globs.read()
+        known = globs.read()
+    for kind in ("application/x-kelda-puzzle:*.kdp", "application/x-jpz:*.jpz",
+                 "application/x-ipuz:*.ipuz", "application/x-puz:*.puz",
+                 "text/x-xd:*.xd"):
+        assert f"50:{kind}\n" in known, (kind, known)
 
 
 def check_pictures_of_help(usr):
