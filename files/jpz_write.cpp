@@ -100,16 +100,15 @@ class JpzWriter {
   void AddWords(Node crossword) {
     int id = 0;
     for (const Entry& entry : numbering_.entries) {
-      const Pos first = document_.PosOf(entry.cells.front());
-      const Pos last = document_.PosOf(entry.cells.back());
-      const auto range = [](int from, int to) {
-        return from == to ? std::to_string(from)
-                          : std::to_string(from) + "-" + std::to_string(to);
-      };
       Node word = crossword.append_child("word");
       Set(word, "id", std::to_string(++id));
-      Set(word, "x", range(first.col, last.col));
-      Set(word, "y", range(first.row, last.row));
+      // Cell by cell, as more readers take it than ranges.
+      for (int place : entry.cells) {
+        const Pos p = document_.PosOf(place);
+        Node cell = word.append_child("cells");
+        Set(cell, "x", std::to_string(p.col));
+        Set(cell, "y", std::to_string(p.row));
+      }
     }
   }
 
