@@ -17,6 +17,9 @@ struct Pos {
   auto operator<=>(const Pos&) const = default;
 };
 
+// A place as messages name it: "row 3, column 7".
+std::string CellName(Pos p);
+
 // The cell that a half turn about the centre of an n x n grid takes p to.
 inline Pos Mirror(Pos p, int n) {
   return {n + 1 - p.row, n + 1 - p.col};

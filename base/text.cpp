@@ -55,6 +55,20 @@ std::string UpperCase(std::string_view text) {
   return upper;
 }
 
+std::string WithoutOuterBlanks(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return "";
+  return std::string(
+      text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
+}
+
+std::string OnOneLine(std::string_view text) {
+  std::string line;
+  for (const std::string_view part : LinesOf(text)) line.append(part) += ' ';
+  return WithoutOuterBlanks(line);
+}
+
 std::vector<std::string_view> LinesOf(std::string_view text) {
   std::vector<std::string_view> lines;
   while (!text.empty()) {

@@ -33,6 +33,11 @@ int RoundedQuotient(int dividend, int divisor);
 std::string_view Trimmed(std::string_view text);
 std::string UpperCase(std::string_view text);  // A-Z only
 
+// A text without blanks and empty lines at its ends.
+std::string WithoutOuterBlanks(std::string_view text);
+// A text on one line: line breaks are blanks, none at its ends.
+std::string OnOneLine(std::string_view text);
+
 // The lines of a text without their ends, which are CR LF, LF or CR.
 std::vector<std::string_view> LinesOf(std::string_view text);
 

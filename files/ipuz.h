@@ -36,8 +36,3 @@ inline constexpr std::array<std::string_view, 21> kIpuzKeys = {
     "origin",       kIpuzPins,  kIpuzRejected, kIpuzRuleSet, kIpuzSymmetry,
     kIpuzOtherClues};
 bool IsIpuzKey(std::string_view key);
-
-// The symmetries by their names in files, in the order of the enum.
-inline constexpr std::array<std::string_view, 8> kIpuzSymmetries = {
-    "half turn", "quarter turn", "left-right",    "up-down",
-    "both",      "diagonal",     "anti-diagonal", "none"};

@@ -1,10 +1,10 @@
 #include "files/ipuz_own_keys.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "files/ipuz.h"
 #include "files/markup.h"
+#include "puzzle/symmetry.h"
 
 namespace {
 
@@ -46,10 +46,9 @@ void ReadIpuzOwnKeys(const Json& root, Reading& reading) {
   if (const Json* others = Find(root, kIpuzOtherClues))
     ReadOtherClues(*others, document);
   if (const Json* symmetry = Find(root, kIpuzSymmetry)) {
-    const auto name = std::ranges::find(kIpuzSymmetries, TextOf(*symmetry));
-    if (name == kIpuzSymmetries.end())
-      reading.passedOver.push_back("a symmetry that is not known");
+    if (const auto known = FindSymmetry(TextOf(*symmetry)))
+      document.symmetry = *known;
     else
-      document.symmetry = static_cast<Symmetry>(name - kIpuzSymmetries.begin());
+      reading.passedOver.push_back("a symmetry that is not known");
   }
 }

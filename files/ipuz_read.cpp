@@ -1,15 +1,19 @@
+// Reading .ipuz (files/ipuz.h).  Files in the wild leave keys out, write
+// numbers as texts or call a function around it all: what can be understood is
+// read, and what was off is told, like with like.
+
 #include <algorithm>
 #include <optional>
 
 #include "base/text.h"
 #include "base/utf8.h"
 #include "files/capacity.h"
+#include "files/cell_reader.h"
 #include "files/clue_reader.h"
 #include "files/colour_text.h"
 #include "files/ipuz.h"
 #include "files/ipuz_own_keys.h"
 #include "files/json_text.h"
-#include "files/losses.h"
 #include "files/markup.h"
 #include "files/tidy.h"
 
@@ -44,17 +48,14 @@ class IpuzReader {
     ReadClues();
     ReadIpuzOwnKeys(root_, reading_);
     KeepExtras();
-    TellOdd();
+    if (hadTags_) PassOver("the markup of texts, such as italics");
+    odd_.TellIn(reading_);
     return std::move(reading_);
   }
 
  private:
   void PassOver(std::string text) {
     reading_.passedOver.push_back(std::move(text));
-  }
-  // Something to tell of at the end, together with what else is like it.
-  void NoteOdd(const std::string& what, int cell) {
-    odd_[what].push_back(cell);
   }
 
   void CheckKind();
@@ -78,7 +79,6 @@ class IpuzReader {
   void ReadClueKeys(const Json& value, ListedClue& clue);
   void ReadClueCells(const Json& cells, ListedClue& clue);
   void KeepExtras();
-  void TellOdd();
 
   Document& Puzzle() { return reading_.document; }
 
@@ -89,7 +89,7 @@ class IpuzReader {
   std::optional<ClueReader> clues_;
   bool showsEnumerations_ = false;
   bool hadTags_ = false;
-  std::map<std::string, std::vector<int>> odd_;
+  OddCells odd_;
   std::set<std::string> oddClueKeys_;
 };
 
@@ -147,7 +147,7 @@ void IpuzReader::ReadPuzzle() {
       ReadCell(row[i % width], i);
     } else {
       Puzzle().cells[i].kind = Cell::Kind::Void;
-      NoteOdd("left out of the file, taken for holes", i);
+      odd_.Note("left out of the file, taken for holes", i);
     }
   }
 }
@@ -163,7 +163,7 @@ void IpuzReader::ReadCell(const Json& value, int index) {
       cell.given = true;
       ReadLetters(value, index);
     } else if (key != "cell" && key != "style" && key != "value") {
-      NoteOdd("with \"" + key + "\", which is not kept", index);
+      odd_.Note("with \"" + key + "\", which is not kept", index);
     }
   }
 }
@@ -184,7 +184,7 @@ void IpuzReader::ReadStyle(const Json* style, int index) {
     const Json* styles = Find(root_, "styles");
     const Json* named =
         styles ? Find(*styles, style->get<std::string>()) : nullptr;
-    if (!named) NoteOdd("with a style that is not there", index);
+    if (!named) odd_.Note("with a style that is not there", index);
     style = named;
   }
   if (!style || !style->is_object()) return;
@@ -204,27 +204,25 @@ void IpuzReader::ReadStyleKey(const std::string& key, const Json& value,
   else if (key == "highlight" && value == true)
     cell.shade = cell.shade.value_or(kPlainShade);
   else if (value != false && !value.is_null())
-    NoteOdd("with the style \"" + key + "\", which is not kept", index);
+    odd_.Note("with the style \"" + key + "\", which is not kept", index);
 }
 
 void IpuzReader::ReadShade(const Json& value, int index) {
   const auto colour =
       value.is_string() ? ColourOfHex(value.get<std::string>()) : std::nullopt;
-  if (!colour) NoteOdd("with a colour that is not red, green and blue", index);
+  if (!colour)
+    odd_.Note("with a colour that is not red, green and blue", index);
   Puzzle().cells[index].shade = colour.value_or(kPlainShade);
 }
 
 void IpuzReader::ReadBars(const std::string& sides, int index) {
-  const Pos p = Puzzle().PosOf(index);
-  const Pos above = Along(p, Direction::Down, -1);
-  const Pos left = Along(p, Direction::Across, -1);
-  for (char side : UpperCase(sides)) {
-    if (side == 'R') Puzzle().At(p).barRight = true;
-    if (side == 'B') Puzzle().At(p).barBelow = true;
-    if (side == 'T' && Puzzle().Holds(above))
-      Puzzle().At(above).barBelow = true;
-    if (side == 'L' && Puzzle().Holds(left)) Puzzle().At(left).barRight = true;
-  }
+  constexpr std::pair<char, Side> kSides[] = {{'T', Side::Top},
+                                              {'L', Side::Left},
+                                              {'R', Side::Right},
+                                              {'B', Side::Bottom}};
+  for (const auto& [letter, side] : kSides)
+    if (UpperCase(sides).find(letter) != std::string::npos)
+      SetBar(Puzzle(), Puzzle().PosOf(index), side);
 }
 
 void IpuzReader::ReadSolution() {
@@ -249,7 +247,7 @@ void IpuzReader::ReadLetters(const Json& value, int index) {
   if (isObject && !inside) inside = Find(value, "cell");
   const Json& letters = isObject ? inside ? *inside : Json() : value;
   if (letters.is_array()) {
-    NoteOdd("with several solutions, of which the first is kept", index);
+    odd_.Note("with several solutions, of which the first is kept", index);
     if (!letters.empty() && !letters[0].is_structured())
       ReadLetters(letters[0], index);
     return;
@@ -259,9 +257,9 @@ void IpuzReader::ReadLetters(const Json& value, int index) {
   Cell& cell = Puzzle().cells[index];
   if (cell.kind != Cell::Kind::White) {
     if (!isMark && !Trimmed(text).empty())
-      NoteOdd("with letters but not white", index);
+      odd_.Note("with letters but not white", index);
   } else if (isMark) {
-    NoteOdd("white in the puzzle, a block in the solution", index);
+    odd_.Note("white in the puzzle, a block in the solution", index);
   } else if (letters != 0 && !Trimmed(text).empty()) {
     cell.solution = text;
   }
@@ -364,13 +362,6 @@ void IpuzReader::KeepExtras() {
   for (const auto& [key, value] : root_.items())
     if (!IsIpuzKey(key)) Puzzle().extras[key] = value.dump();
   if (root_.contains("saved")) PassOver("the progress of a solver");
-}
-
-void IpuzReader::TellOdd() {
-  if (hadTags_) PassOver("the markup of texts, such as italics");
-  for (const auto& [what, cells] : odd_)
-    PassOver(Counted(cells.size(), "cell " + what, "cells " + what,
-                     "at " + CellName(Puzzle().PosOf(cells.front()))));
 }
 
 }  // namespace

@@ -1,3 +1,6 @@
+// Writing .ipuz (files/ipuz.h): a row of the grid and a clue a line, so that
+// people can read files and compare them.
+
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
@@ -6,6 +9,7 @@
 #include "files/ipuz.h"
 #include "files/markup.h"
 #include "puzzle/numbering.h"
+#include "puzzle/symmetry.h"
 
 namespace {
 
@@ -161,8 +165,7 @@ class IpuzWriter {
     if (!document_.rejected.empty()) Add(kIpuzRejected, document_.rejected);
     if (!document_.ruleSet.empty()) Add(kIpuzRuleSet, document_.ruleSet);
     if (document_.symmetry != Document().symmetry)
-      Add(kIpuzSymmetry,
-          kIpuzSymmetries[static_cast<std::size_t>(document_.symmetry)]);
+      Add(kIpuzSymmetry, NameOf(document_.symmetry).id);
   }
 
   const Document& document_;

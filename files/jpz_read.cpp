@@ -1,13 +1,16 @@
+// Reading .jpz (files/jpz.h).  Words tell the cells of a clue where they are
+// there, else its number does; what was off is told, like with like.
+
 #include <algorithm>
 #include <charconv>
 #include <pugixml.hpp>
 
 #include "base/text.h"
 #include "base/utf8.h"
+#include "files/cell_reader.h"
 #include "files/clue_reader.h"
 #include "files/colour_text.h"
 #include "files/jpz.h"
-#include "files/losses.h"
 #include "files/markup.h"
 #include "files/tidy.h"
 #include "files/zip.h"
@@ -103,16 +106,14 @@ class JpzReader {
     ReadMetadata(Child(crossword.parent(), "metadata"));
     if (Child(crossword.parent(), "instructions")) PassOver("the instructions");
     ReadClues(crossword);
-    TellOdd();
+    if (hadMarkup_) PassOver("the markup of texts, such as italics");
+    odd_.TellIn(reading_);
     return std::move(reading_);
   }
 
  private:
   void PassOver(std::string text) {
     reading_.passedOver.push_back(std::move(text));
-  }
-  void NoteOdd(const std::string& what, int cell) {
-    odd_[what].push_back(cell);
   }
 
   void Parse(std::string_view bytes);
@@ -124,7 +125,6 @@ class JpzReader {
   std::string TextOf(Node node);
   void ReadClues(Node crossword);
   void ReadClue(Node node, std::string_view title, ClueReader& clues);
-  void TellOdd();
 
   Document& Puzzle() { return reading_.document; }
 
@@ -132,7 +132,7 @@ class JpzReader {
   Reading reading_;
   std::vector<std::string> labels_;
   std::map<std::string, std::vector<Pos>, std::less<>> words_;  // by id
-  std::map<std::string, std::vector<int>> odd_;
+  OddCells odd_;
   bool hadMarkup_ = false;
 };
 
@@ -172,7 +172,7 @@ void JpzReader::ReadGrid(Node grid) {
   for (int i = 0; i < static_cast<int>(isThere.size()); ++i) {
     if (isThere[i]) continue;
     Puzzle().cells[i].kind = Cell::Kind::Void;
-    NoteOdd("left out of the file, taken for holes", i);
+    odd_.Note("left out of the file, taken for holes", i);
   }
   if (outside > 0)
     PassOver(std::to_string(outside) + " cells outside the grid");
@@ -186,7 +186,7 @@ void JpzReader::ReadCell(Node node, int index) {
   else if (type == "void")
     cell.kind = Cell::Kind::Void;
   else if (!type.empty() && type != "letter" && type != "cell")
-    NoteOdd("of type \"" + std::string(type) + "\", taken as white", index);
+    odd_.Note("of type \"" + std::string(type) + "\", taken as white", index);
   cell.solution = Attribute(node, "solution");
   labels_[index] = Trimmed(Attribute(node, "number"));
   ReadMarks(node, cell, index);
@@ -203,32 +203,30 @@ void JpzReader::ReadMarks(Node node, Cell& cell, int index) {
   const std::string_view state = Attribute(node, "solve-state");
   if (cell.given && cell.solution.empty()) cell.solution = state;
   if (!cell.given && !state.empty())
-    NoteOdd("with a letter of a solver, which is not kept", index);
+    odd_.Note("with a letter of a solver, which is not kept", index);
   if (const auto colour = Attribute(node, "background-color");
       !colour.empty()) {
     cell.shade = ColourOfHex(colour);
     if (!cell.shade) {
       cell.shade = kPlainShade;
-      NoteOdd("with a colour that is not red, green and blue", index);
+      odd_.Note("with a colour that is not red, green and blue", index);
     }
   }
   for (const auto& attribute : node.attributes())
     if (std::ranges::find(kKnown, attribute.name()) == std::end(kKnown))
-      NoteOdd(
+      odd_.Note(
           "with \"" + std::string(attribute.name()) + "\", which is not kept",
           index);
 }
 
 void JpzReader::ReadBars(Node node, Pos p) {
-  const Pos above = Along(p, Direction::Down, -1);
-  const Pos left = Along(p, Direction::Across, -1);
-  Document& puzzle = Puzzle();
-  if (IsTrue(node, "right-bar")) puzzle.At(p).barRight = true;
-  if (IsTrue(node, "bottom-bar")) puzzle.At(p).barBelow = true;
-  if (IsTrue(node, "top-bar") && puzzle.Holds(above))
-    puzzle.At(above).barBelow = true;
-  if (IsTrue(node, "left-bar") && puzzle.Holds(left))
-    puzzle.At(left).barRight = true;
+  constexpr std::pair<const char*, Side> kSides[] = {
+      {"top-bar", Side::Top},
+      {"left-bar", Side::Left},
+      {"right-bar", Side::Right},
+      {"bottom-bar", Side::Bottom}};
+  for (const auto& [name, side] : kSides)
+    if (IsTrue(node, name)) SetBar(Puzzle(), p, side);
 }
 
 // A text on one line: XML is indented as its program likes.
@@ -299,13 +297,6 @@ void JpzReader::ReadClue(Node node, std::string_view title, ClueReader& clues) {
   else if (UpperCase(title).find("DOWN") != std::string::npos)
     clue.direction = Direction::Down;
   clues.Add(std::move(clue));
-}
-
-void JpzReader::TellOdd() {
-  if (hadMarkup_) PassOver("the markup of texts, such as italics");
-  for (const auto& [what, cells] : odd_)
-    PassOver(Counted(cells.size(), "cell " + what, "cells " + what,
-                     "at " + CellName(Puzzle().PosOf(cells.front()))));
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
+// Writing .jpz (files/jpz.h): every cell with the bars on all its sides, a word
+// and a clue for each entry.
+
 #include <pugixml.hpp>
 #include <sstream>
 
+#include "base/text.h"
 #include "files/colour_text.h"
 #include "files/jpz.h"
-#include "files/losses.h"
 #include "files/markup.h"
 #include "files/zip.h"
 #include "puzzle/numbering.h"

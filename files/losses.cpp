@@ -1,6 +1,5 @@
 #include "files/losses.h"
 
-#include <algorithm>
 #include <cassert>
 #include <functional>
 
@@ -175,10 +174,6 @@ class Comparison {
 
 }  // namespace
 
-std::string CellName(Pos p) {
-  return "row " + std::to_string(p.row) + ", column " + std::to_string(p.col);
-}
-
 std::string Counted(std::size_t count, std::string_view one,
                     std::string_view many, std::string_view first) {
   std::string text = std::to_string(count) + " ";
@@ -191,31 +186,4 @@ std::vector<Loss> LossesBetween(const Document& document,
                                 const Document& kept) {
   assert(document.width == kept.width && document.height == kept.height);
   return Comparison(document, kept).All();
-}
-
-std::string WithPlainLineEnds(std::string_view text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\r') {
-      plain += '\n';
-      if (i + 1 < text.size() && text[i + 1] == '\n') ++i;
-    } else {
-      plain += text[i];
-    }
-  }
-  return plain;
-}
-
-std::string OnOneLine(std::string_view text) {
-  std::string line = WithPlainLineEnds(text);
-  std::ranges::replace(line, '\n', ' ');
-  return WithoutOuterBlanks(line);
-}
-
-std::string WithoutOuterBlanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return "";
-  return std::string(
-      text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
 }

@@ -21,13 +21,3 @@ std::vector<Loss> LossesBetween(const Document& document, const Document& kept);
 // "1 bar, between ..." or "3 bars, first between ...".
 std::string Counted(std::size_t count, std::string_view one,
                     std::string_view many, std::string_view first);
-
-// Places as messages name them: "row 3, column 4".
-std::string CellName(Pos p);
-
-// Line ends as documents have them: "\n".
-std::string WithPlainLineEnds(std::string_view text);
-// A text on one line: line breaks are blanks, none at its ends.
-std::string OnOneLine(std::string_view text);
-// A text without blanks and empty lines at its ends.
-std::string WithoutOuterBlanks(std::string_view text);

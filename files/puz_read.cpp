@@ -1,3 +1,7 @@
+// Reading .puz (files/puz.h), part after part in the order of the file.  A
+// wrong checksum is told and never a reason to refuse: files that were edited
+// by hand have them.
+
 #include <algorithm>
 #include <array>
 #include <map>

@@ -1,8 +1,10 @@
+// Writing .puz (files/puz.h): what needs more than a byte a cell goes into the
+// sections behind the texts, and checksums come last.
+
 #include <algorithm>
 #include <map>
 
 #include "base/utf8.h"
-#include "files/losses.h"
 #include "files/puz.h"
 #include "files/puz_layout.h"
 

@@ -1,3 +1,5 @@
+// The review of a grid (puzzle/review.h): what its shape alone tells.
+
 #include <algorithm>
 #include <set>
 

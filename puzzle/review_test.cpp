@@ -2,24 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/document_text.h"
+
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// "#" a block, "." an empty cell.
-Document Grid(const std::vector<std::string>& rows) {
-  Document document(static_cast<int>(rows[0].size()),
-                    static_cast<int>(rows.size()));
-  for (int i = 0; i < static_cast<int>(document.cells.size()); ++i) {
-    const char c = rows[i / document.width][i % document.width];
-    if (c == '#')
-      document.cells[i].kind = Cell::Kind::Block;
-    else if (c != '.')
-      document.cells[i].solution = std::string(1, c);
-  }
-  return document;
-}
 
 // A word of "Z" is in no list; others score ten for each letter.
 int Score(std::string_view word) {
@@ -89,7 +77,7 @@ const struct {
 
 TEST(Review, EachRuleFindsWhatBreaksIt) {
   for (const auto& [rows, rules, line] : kBroken)
-    EXPECT_THAT(Lines(Grid(rows), rules), testing::Contains(line));
+    EXPECT_THAT(Lines(DocumentOf(rows), rules), testing::Contains(line));
 }
 
 TEST(Review, AGoodPuzzleHasNoFindings) {
@@ -108,11 +96,12 @@ TEST(Review, AGoodPuzzleHasNoFindings) {
                           .noSharedRun = 2,
                           .noSharedStem = true,
                           .letters = "AP"};
-  EXPECT_THAT(Lines(Grid({"ABCD", "EFGH", "IJKL", "MNOP"}), strict), IsEmpty());
+  EXPECT_THAT(Lines(DocumentOf({"ABCD", "EFGH", "IJKL", "MNOP"}), strict),
+              IsEmpty());
 }
 
 TEST(Review, AbbreviationsAreWhatTheirCluesCallSo) {
-  Document document = Grid({"ABCD", "####"});
+  Document document = DocumentOf({"ABCD", "####"});
   const ClueKey key{Direction::Across, {1, 1}};
   const RuleSet rules = {.mostAbbreviation = 3};
   for (const auto& [clue, found] : {std::pair("Letters: Abbr.", true),
@@ -125,7 +114,7 @@ TEST(Review, AbbreviationsAreWhatTheirCluesCallSo) {
 
 TEST(Review, FindingsNameCellsAndEntries) {
   const auto findings =
-      Review(Grid({"ABA", "B#B", "ABA"}), {.noWordTwice = true}, Score);
+      Review(DocumentOf({"ABA", "B#B", "ABA"}), {.noWordTwice = true}, Score);
   ASSERT_FALSE(findings.empty());
   EXPECT_THAT(findings[0].entries, ElementsAre("1A", "3A"));
   EXPECT_THAT(findings[0].cells, ElementsAre(Pos{1, 1}, Pos{1, 2}, Pos{1, 3},

@@ -1,3 +1,6 @@
+// The review of the words in a grid (puzzle/review.h): their scores, and what
+// they have in common.
+
 #include <algorithm>
 #include <cctype>
 #include <map>
@@ -174,9 +177,8 @@ void CheckBlindCrossings(Subject& subject, const std::vector<FullEntry>& full) {
     const Pos cell = subject.document.PosOf(i);
     subject.Find(Severity::Warning, "blindCrossing",
                  across->entry->Name() + " " + across->answer + " crosses " +
-                     down->entry->Name() + " " + down->answer + " at row " +
-                     std::to_string(cell.row) + ", column " +
-                     std::to_string(cell.col) + ": both are rare",
+                     down->entry->Name() + " " + down->answer + " at " +
+                     CellName(cell) + ": both are rare",
                  {cell}, {across->entry->Name(), down->entry->Name()});
   }
 }
