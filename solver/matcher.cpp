@@ -38,12 +38,13 @@ void Matcher::Exclude(const UsedWord& used) {
   }
 }
 
-void Matcher::FindMatches(const Mask& mask, std::vector<Candidate>& matches) {
+void Matcher::FindMatches(const Mask& mask, bool redoMode,
+                          std::vector<Candidate>& matches) {
   matches.clear();
   const int length = mask.Size();
   if (length > LongestWordLength) return;
   const WordIndex& index = words_.Index(length);
-  index.Match(mask, Excluded(length), matches_);
+  index.Match(mask, Excluded(length, redoMode), matches_);
   for (std::size_t block = 0; block < matches_.size(); ++block) {
     for (std::uint64_t bits = matches_[block]; bits != 0; bits &= bits - 1) {
       const int rank = static_cast<int>(block) * 64 + std::countr_zero(bits);
@@ -58,7 +59,7 @@ int Matcher::CountMatches(const Mask& mask) {
   const int length = mask.Size();
   state_.List3.Refill<MatchedMask>().push_back({mask, state_.redoMode});
   if (length > LongestWordLength) return 0;
-  return words_.Index(length).Count(mask, Excluded(length));
+  return words_.Index(length).Count(mask, Excluded(length, state_.redoMode));
 }
 
 int Matcher::CountMaskMatches() {

@@ -23,7 +23,12 @@ class Matcher {
   // The words that fit a mask, in the order of their rows, less those that
   // are used.  A word that backtracking took out may be used again, but not
   // in redo mode.
-  void FindMatches(const Mask& mask, std::vector<Candidate>& matches);
+  void FindMatches(const Mask& mask, std::vector<Candidate>& matches) {
+    FindMatches(mask, state_.redoMode, matches);
+  }
+  // As the mode was when a mask was matched.
+  void FindMatches(const Mask& mask, bool redoMode,
+                   std::vector<Candidate>& matches);
 
   // Counts the words for every slot of the mask list into List5; untouched
   // slots are left out, and lettered ones whose word is known.  Returns the
@@ -40,8 +45,8 @@ class Matcher {
 
  private:
   // The words of a length that may not be used now.
-  const Bits& Excluded(int length) const {
-    return (state_.redoMode ? used_ : usedAndNotTakenBack_)[length];
+  const Bits& Excluded(int length, bool redoMode) const {
+    return (redoMode ? used_ : usedAndNotTakenBack_)[length];
   }
   int CountMatches(const Mask& mask);
   void Exclude(const UsedWord& used);

@@ -94,10 +94,8 @@ const std::vector<Candidate>& DebugLists::LastMatches(
   lastMask_ = matched.mask;
   lastRedo_ = matched.redo;
   lastUsed_ = used;
-  const bool redoMode = state.redoMode;
-  state.redoMode = matched.redo;
-  Matcher(state, app_.words).FindMatches(matched.mask, lastMatches_);
-  state.redoMode = redoMode;
+  Matcher(state, app_.words)
+      .FindMatches(matched.mask, matched.redo, lastMatches_);
   return lastMatches_;
 }
 
