@@ -12,6 +12,7 @@
 
 #include "autofill/autofill.h"
 #include "dictionary/read_list.h"
+#include "tests/document_text.h"
 #include "tests/paths.h"
 
 namespace autofill {
@@ -41,27 +42,8 @@ inline const WordList& Level2() {
   return list;
 }
 
-// Grids as text: "#" a block, "_" a hole, "." an empty cell.
+// Grids as text (tests/document_text.h).
 using Rows = std::vector<std::string>;
-
-inline Document DocumentOf(const Rows& rows) {
-  Document document;
-  document.height = static_cast<int>(rows.size());
-  document.width = rows.empty() ? 0 : static_cast<int>(rows[0].size());
-  document.cells.clear();
-  for (const std::string& row : rows) {
-    for (const char c : row) {
-      Cell& cell = document.cells.emplace_back();
-      if (c == '#')
-        cell.kind = Cell::Kind::Block;
-      else if (c == '_')
-        cell.kind = Cell::Kind::Void;
-      else if (c != '.')
-        cell.solution = c;
-    }
-  }
-  return document;
-}
 
 inline Problem ProblemOf(const Rows& rows) {
   return ProblemOf(DocumentOf(rows));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/document_text.h"
+
 namespace {
 
 const char* const kMini =
@@ -35,35 +37,16 @@ const char* const kMini =
     "    Two\n";
 
 Document Mini() {
-  Document document(4, 3);
+  Document document = DocumentOf({"CAT#", "[HEART].D_", "RED#"});
   document.title = "Mini";
   document.copyright = "\u00A9 2026";
   document.notes = "One\n\nTwo";
-  const std::string letters = "CAT#H.D_RED#";
-  for (std::size_t i = 0; i < letters.size(); ++i) {
-    Cell& cell = document.cells[i];
-    if (letters[i] == '#')
-      cell.kind = Cell::Kind::Block;
-    else if (letters[i] == '_')
-      cell.kind = Cell::Kind::Void;
-    else if (letters[i] != '.')
-      cell.solution = letters[i];
-  }
-  document.At({2, 1}).solution = "HEART";
   document.At({1, 2}).circled = document.At({2, 3}).circled = true;
   document.clues[{Direction::Across, {1, 1}}] = {"Pet", "CAT"};
   document.clues[{Direction::Across, {3, 1}}] = {"<DOWN>", "RED"};
   document.clues[{Direction::Down, {1, 1}}] = {"Auto", "CHEARTR"};
   document.clues[{Direction::Down, {1, 3}}] = {"Kid's name", "TDD"};
   return document;
-}
-
-std::string Replaced(std::string text, const std::string& what,
-                     const std::string& by) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos;
-       at += by.size())
-    text.replace(at, what.size(), by);
-  return text;
 }
 
 }  // namespace

@@ -40,12 +40,7 @@ TEST(Kdp, RefusesWhatIsNone) {
            {"t\n...\n.\x01.\n...\n",
             "line 3: a control character in the grid"}}) {
     EXPECT_FALSE(kKdpFormat.recognises(bytes));
-    try {
-      (void)kKdpFormat.Read(bytes);
-      ADD_FAILURE() << message;
-    } catch (const FormatError& error) {
-      EXPECT_EQ(error.what(), message);
-    }
+    EXPECT_EQ(RefusalOf(kKdpFormat, bytes), message);
   }
   for (const char* text : {"Some words\nand more words\nfollow here.\n",
                            "Title: x\nAuthor: y\n\n\nABC\n"})

@@ -4,29 +4,9 @@
 
 #include <algorithm>
 
-namespace {
+#include "tests/document_text.h"
 
-// Rows of "#" a block, "_" a hole, "." an empty cell, or a letter; "|" after
-// a cell is a bar on its right, "-" one below it.
-Document Puzzle(const std::vector<std::string>& rows) {
-  std::vector<Cell> cells;
-  for (const std::string& row : rows) {
-    for (const char c : row) {
-      if (c == '|' || c == '-') {
-        (c == '|' ? cells.back().barRight : cells.back().barBelow) = true;
-        continue;
-      }
-      Cell& cell = cells.emplace_back();
-      if (c == '#') cell.kind = Cell::Kind::Block;
-      if (c == '_') cell.kind = Cell::Kind::Void;
-      if (c >= 'A') cell.solution = c == '_' ? "" : std::string(1, c);
-    }
-  }
-  const int height = static_cast<int>(rows.size());
-  Document document(static_cast<int>(cells.size()) / height, height);
-  document.cells = cells;
-  return document;
-}
+namespace {
 
 // "1A4 3D2": the entries with their lengths.
 std::string EntriesText(const Numbering& numbering) {
@@ -56,13 +36,13 @@ TEST(Numbering, BlocksHolesBarsAndEdgesPartEntries) {
       {{"###", "###", "###"}, 2, ""},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(EntriesText(NumberEntries(Puzzle(c.rows), c.shortest)), c.entries)
+    EXPECT_EQ(EntriesText(NumberEntries(DocumentOf(c.rows), c.shortest)),
+              c.entries)
         << c.rows[0] << " from " << c.shortest;
 }
 
 TEST(Numbering, TellsTheEntriesOfACellAndOfAName) {
-  Document document = Puzzle({"CAT#", "A.E.", "RED."});
-  document.At({1, 1}).solution = "HEART";
+  const Document document = DocumentOf({"[HEART]AT#", "A.E.", "RED."});
   const Numbering numbering = NumberEntries(document);
   ASSERT_EQ(EntriesText(numbering), "1A3 4A4 6A4 1D3 2D3 3D3 5D2");
   EXPECT_EQ(numbering.EntryAt(document.IndexOf({1, 4}), Direction::Across), -1);

@@ -1,11 +1,47 @@
-// Documents as short texts, for tests.
+// Documents as short texts, and what formats say of a text, for tests.
 
 #pragma once
 
+#include <numeric>
 #include <string>
+#include <vector>
 
 #include "base/utf8.h"
+#include "files/format.h"
 #include "puzzle/numbering.h"
+
+// The document of rows: "#" a block, "_" a hole, "." an empty cell, the letters
+// of a rebus in brackets.  "|" behind a cell is a bar on its right, "-" one
+// below it.
+inline Document DocumentOf(const std::vector<std::string>& rows) {
+  std::vector<Cell> cells;
+  bool inBrackets = false;
+  for (const char c :
+       std::accumulate(rows.begin(), rows.end(), std::string())) {
+    if (c == '|' || c == '-') {
+      (c == '|' ? cells.back().barRight : cells.back().barBelow) = true;
+    } else if (c == ']') {
+      inBrackets = false;
+    } else if (inBrackets) {
+      cells.back().solution += c;
+    } else {
+      Cell& cell = cells.emplace_back();
+      inBrackets = c == '[';
+      if (c == '#')
+        cell.kind = Cell::Kind::Block;
+      else if (c == '_')
+        cell.kind = Cell::Kind::Void;
+      else if (c != '.' && !inBrackets)
+        cell.solution = c;
+    }
+  }
+  Document document;
+  document.height = static_cast<int>(rows.size());
+  document.width =
+      rows.empty() ? 0 : static_cast<int>(cells.size() / rows.size());
+  document.cells = std::move(cells);
+  return document;
+}
 
 // The rows, parted by "/": "#" a block, "_" a hole, "." an empty cell, the
 // letters of a rebus in brackets.
@@ -41,5 +77,24 @@ inline std::string CluesText(const Document& document) {
   }
   for (const auto& [key, clue] : clues)
     text += (text.empty() ? "- " : "; - ") + clue.text;
+  return text;
+}
+
+// Why a format refuses a text; "" when it reads it.
+inline std::string RefusalOf(const Format& format, std::string_view bytes) {
+  try {
+    (void)format.Read(bytes);
+    return "";
+  } catch (const FormatError& error) {
+    return error.what();
+  }
+}
+
+// A text with all places of one part replaced.
+inline std::string Replaced(std::string text, const std::string& part,
+                            const std::string& by) {
+  for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos;
+       at += by.size())
+    text.replace(at, part.size(), by);
   return text;
 }
