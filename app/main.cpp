@@ -20,8 +20,9 @@
 namespace {
 
 constexpr char kUsage[] =
-    "Usage: kelda [OPTIONS] [FILE.kdp]\n"
-    "Makes, checks and fills crossword puzzles.\n"
+    "Usage: kelda [OPTIONS] [FILE]\n"
+    "Makes, checks and fills crossword puzzles.  FILE is a puzzle of any\n"
+    "format: .ipuz, .jpz, .puz, .xd, Across Lite text or .kdp.\n"
     "\n"
     "  --dictionary-service URL  ask this service for meanings instead of the\n"
     "                            built-in dictionary (or set\n"

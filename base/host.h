@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -97,6 +98,9 @@ class Host {
   // return.
   [[noreturn]] virtual void EndProgram(std::string_view why) = 0;
 };
+
+// A number, 0 <= x < 1, of random bits.
+double ChanceOf(std::uint64_t bits);
 
 // A whole number 1..max, each as likely as the next.
 int RandomUpTo(Host& host, int max);

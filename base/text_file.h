@@ -17,11 +17,10 @@ struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-// The lines of a file ("-": of standard input), whose end is CR LF, LF or
-// CR.  A file that begins with
-// many control characters is no text; more than 256 MiB or a line of more
-// than 64 KiB is too much.  Each of these throws FileError, as a file does
-// that cannot be opened or read.
+// The lines of a file ("-": of standard input), whose end is CR LF, LF or CR.
+// A file that begins with many control characters is no text; more than
+// 256 MiB or a line of more than 64 KiB is too much.  Each of these throws
+// FileError, as a file does that cannot be opened or read.
 class LineReader {
  public:
   explicit LineReader(const std::string& path, Opens what = Opens::Anything);

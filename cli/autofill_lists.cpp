@@ -51,13 +51,9 @@ WordList LoadLists(const std::vector<std::string>& lists) {
   for (const std::string& text :
        lists.empty() ? std::vector<std::string>{"2"} : lists) {
     const ListChoice list = ParseChoice(text);
-    const bool isLevel =
-        list.name.size() == 1 && list.name >= "1" && list.name <= "3";
-    const std::string path =
-        isLevel ? LevelFilePath(kLevelFiles[list.name[0] - '1']) : list.name;
     const LoadReport report =
         ReadList(ListPath(list.name), list.minimum, number++, builder);
-    if (!isLevel) std::cerr << report.Text() << "\n";
+    if (!IsLevel(list.name)) std::cerr << report.Text() << "\n";
   }
   WordList words = builder.Build();
   if (words.Count() == 0)

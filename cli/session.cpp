@@ -2,9 +2,7 @@
 
 #include <unistd.h>
 
-#include <cmath>
 #include <iostream>
-#include <limits>
 
 #include "cli/interrupt.h"
 #include "cli/puzzles.h"
@@ -121,9 +119,7 @@ Events CliHost::AwaitHalt(std::string_view why) {
 }
 
 double CliHost::Chance() {
-  constexpr int kDoubleBits = std::numeric_limits<double>::digits;
-  return std::ldexp(static_cast<double>(random_() >> (64 - kDoubleBits)),
-                    -kDoubleBits);
+  return ChanceOf(random_());
 }
 
 void CliHost::EndProgram(std::string_view why) {

@@ -172,8 +172,7 @@ void GridImage::DrawBars(QPainter& painter, Pos p, const CellPaint& cell) {
 
 QSize PictureImage::Size() const {
   const auto side = [this](int cells) {
-    return static_cast<int>(
-        std::ceil((cells * CellSize + 100) * PixelsPerTwip()));
+    return static_cast<int>(std::ceil(PictureSide(cells) * PixelsPerTwip()));
   };
   return {side(Columns()), side(Rows())};
 }

@@ -8,9 +8,4 @@
 #include "base/canvas.h"
 #include "puzzle/paint.h"
 
-// The length of a picture's side that is n cells long, in twips.
-constexpr int PictureSide(int n) {
-  return n * CellSize + 100;
-}
-
 void DrawPaint(const Paint& paint, Canvas& canvas);

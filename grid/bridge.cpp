@@ -75,8 +75,7 @@ void ShowDocument(State& state, Host& host, const Document& document) {
   ShowGrid(state, host);
   if (!fits) {
     state.paint = PaintOf(document, true);
-    state.PictureSize =
-        std::max(document.width, document.height) * CellSize + 100;
+    state.PictureSize = PictureSide(std::max(document.width, document.height));
   }
   if (resized) return;
   state.VScroll1.Value = down;

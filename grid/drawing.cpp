@@ -4,10 +4,6 @@
 
 namespace {
 
-int PictureSize(const State& state) {
-  return state.GridSize * CellSize + 100;
-}
-
 // A cell's letter as it is painted.
 std::string TextOf(char letter) {
   if (letter == kEmptyCell || letter == kBlackSquare || letter == kNoCell)
@@ -24,7 +20,7 @@ int NumberOf(const State& state, Pos cell) {
 
 void FitGridView(State& state) {
   constexpr int kCellsInView = 21;
-  state.PictureSize = PictureSize(state);
+  state.PictureSize = PictureSide(state.GridSize);
   if (state.GridSize < kCellsInView + 2) {
     state.HScroll1.Enabled = state.VScroll1.Enabled = false;
     return;
@@ -35,7 +31,7 @@ void FitGridView(State& state) {
 }
 
 void DrawGridLines(State& state) {
-  state.PictureSize = PictureSize(state);
+  state.PictureSize = PictureSide(state.GridSize);
   state.HScroll1.Value = state.VScroll1.Value = 0;
   state.paint = Paint(state.GridSize, state.GridSize);
 }

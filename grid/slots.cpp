@@ -1,9 +1,10 @@
 #include "grid/slots.h"
-#include "grid/events.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
+
+#include "grid/events.h"
 
 std::vector<Run> SplitLine(std::string_view line) {
   const int size = static_cast<int>(line.size());

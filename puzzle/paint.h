@@ -16,6 +16,11 @@
 inline constexpr int CellSize = 420;   // twips, the side of a cell
 inline constexpr int GridMargin = 32;  // twips, of every cell box
 
+// The length of a picture's side that is n cells long, in twips.
+constexpr int PictureSide(int n) {
+  return n * CellSize + 100;
+}
+
 // What a cell shows; without an outline it is a hole.
 struct CellPaint {
   Colour fill = ColourBackground;

@@ -24,9 +24,8 @@ void ToggleBlackPair(App& app, Pos cell) {
   const bool black = !state.IsBlack(cell);
   const Pos pair[] = {cell, Mirror(cell, state.GridSize)};
   for (Pos p : pair) state.Grid[p] = black ? kBlackSquare : kEmptyCell;
-  for (Pos p : pair) {
+  for (Pos p : pair)
     DrawCell(state, p, black ? ColourBlackSquare : ColourBackground);
-  }
   CountBlackSquares(state);
   BuildMaskList(state);
   DifficultyGauge(state, app.host);

@@ -25,10 +25,9 @@ void Show(QLineEdit* box, const QString& text) {
 // Tab goes to the marked choice alone, whoever marked it.
 void Mark(const std::array<QRadioButton*, 4>& choices, int marked) {
   choices[marked]->setChecked(true);
-  for (QRadioButton* choice : choices) {
+  for (QRadioButton* choice : choices)
     choice->setFocusPolicy(choice->isChecked() ? Qt::StrongFocus
                                                : Qt::ClickFocus);
-  }
 }
 
 void Show(QLabel* label, const std::string& text) {

@@ -4,9 +4,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <chrono>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 
 #include "controls/file_dialog.h"
 #include "controls/message_box.h"
@@ -165,15 +163,10 @@ void WindowHost::Pointer(PointerShape shape) {
 }
 
 double WindowHost::Chance() {
-  constexpr int kDoubleBits = std::numeric_limits<double>::digits;
-  const auto number = [](std::mt19937_64& random) {
-    return std::ldexp(static_cast<double>(random() >> (64 - kDoubleBits)),
-                      -kDoubleBits);
-  };
-  if (seeded_) return number(*seeded_);
+  if (seeded_) return ChanceOf((*seeded_)());
   std::mt19937_64 fresh(static_cast<std::uint64_t>(
       std::chrono::steady_clock::now().time_since_epoch().count()));
-  return number(fresh);
+  return ChanceOf(fresh());
 }
 
 void WindowHost::EndProgram(std::string_view why) {
