@@ -1,9 +1,13 @@
 // Files and recovery through the window.
 
 #include <sys/stat.h>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QMimeData>
+#include <fstream>
 
+#include "files/format.h"
 #include "tests/qt_window_desk.h"
 #include "view/unsaved.h"
 
@@ -46,6 +50,34 @@ TEST(Files, OpensAFileNamedAtTheStart) {
   EXPECT_EQ(desk.window->windowTitle().toStdString(),
             "Puzzle File: " + path + "[*]");
   EXPECT_FALSE(desk.window->isWindowModified());
+}
+
+// Drops files, or a text, on the window and waits until it is dealt with.
+void Drop(WindowDesk& desk, const QList<QUrl>& urls) {
+  QMimeData data;
+  data.setText("text");
+  if (!urls.isEmpty()) data.setUrls(urls);
+  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(desk.window.get(), &enter);
+  EXPECT_EQ(enter.isAccepted(), !urls.isEmpty());
+  QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(desk.window.get(), &drop);
+  QTest::qWait(20);
+}
+
+TEST(Files, OpensTheFirstOfTheFilesThatAreDropped) {
+  WindowDesk desk;
+  Document document(5, 5);
+  document.title = "Dropped";
+  const QString path = QString::fromStdString(desk.Folder()) + "/a.ipuz";
+  std::ofstream(path.toStdString()) << FindFormat("ipuz")->Write(document);
+  const QString title = desk.Find<QLineEdit>("Text5")->text();
+  Drop(desk, {});
+  Drop(desk, {QUrl("http://example.invalid/a.ipuz")});
+  EXPECT_EQ(desk.Find<QLineEdit>("Text5")->text(), title);
+  Drop(desk, {QUrl::fromLocalFile(path), QUrl::fromLocalFile("/none")});
+  EXPECT_EQ(desk.Find<QLineEdit>("Text5")->text(), "Dropped");
+  EXPECT_TRUE(desk.boxes.empty());
 }
 
 // Each would be waited for for ever, or never end.
