@@ -13,6 +13,8 @@
 namespace {
 
 constexpr LetterGridStyle kStyle = {'#', '_', '.', "1234567890!$%&*+?@^"};
+// As some programs write it, with no sign for an empty cell.
+constexpr LetterGridStyle kDotted = {'.', '_', '\0', kStyle.keys};
 constexpr std::string_view kAnswerMark = " ~ ";
 
 enum class Section { Fields, Grid, Clues, Notes, Other };
@@ -20,6 +22,8 @@ enum class Section { Fields, Grid, Clues, Notes, Other };
 struct XdClue {
   std::string label;  // "A17"
   std::string text;
+
+  std::string EntryName() const { return label.substr(1) + label[0]; }
 };
 
 bool IsDigit(char c) {
@@ -169,18 +173,34 @@ class XdReader {
   void MakeDocument() {
     Document& document = reading_.document;
     document = grid_.ToDocument(kStyle);
+    if (std::ranges::none_of(document.cells, [](const Cell& cell) {
+          return cell.kind == Cell::Kind::Block;
+        })) {
+      // Dots are blocks where more clues find their entries then.
+      Document dotted = grid_.ToDocument(kDotted);
+      if (CountPlaced(dotted) > CountPlaced(document))
+        document = std::move(dotted);
+    }
     document.title = title_;
     document.author = author_;
     document.copyright = copyright_;
     document.notes = WithoutOuterBlanks(notes_);
     const Numbering numbering = NumberEntries(document);
     for (const XdClue& clue : clues_) {
-      const Entry* entry = numbering.Find(clue.label.substr(1) + clue.label[0]);
+      const Entry* entry = numbering.Find(clue.EntryName());
       if (!entry)
         strange_.push_back(clue.label + ". " + clue.text);
       else if (!clue.text.empty())
         document.clues[KeyOf(document, *entry)].text = clue.text;
     }
+  }
+
+  // How many clues have an entry in a document.
+  std::ptrdiff_t CountPlaced(const Document& document) const {
+    const Numbering numbering = NumberEntries(document);
+    return std::ranges::count_if(clues_, [&](const XdClue& clue) {
+      return numbering.Find(clue.EntryName()) != nullptr;
+    });
   }
 
   void TellStrangeLines() {

@@ -57,6 +57,19 @@ TEST(Xd, WritesTheOlderFormAndHeadingsForNotes) {
   EXPECT_EQ(kXdFormat.Read(text).document, document);
 }
 
+TEST(Xd, DotsAreBlocksWhereTheCluesSaySo) {
+  const std::string clues =
+      "\n\n\nA1. Pet ~ CAT\nA3. Colour ~ RED\n\nD1. Auto ~ CAR\n"
+      "D2. Number ~ TAD\n";
+  const Document dotted =
+      kXdFormat.Read("Title: a\n\n\nCAT\nA.A\nRED" + clues).document;
+  EXPECT_EQ(dotted.At({2, 2}).kind, Cell::Kind::Block);
+  // An empty cell, as there is a block elsewhere.
+  const Document open =
+      kXdFormat.Read("Title: a\n\n\nCAT#\nA.AB\nREDC" + clues).document;
+  EXPECT_EQ(open.At({2, 2}).kind, Cell::Kind::White);
+}
+
 TEST(Xd, ReadsEachForm) {
   const std::string sections =
       "## Metadata\n\n" +
