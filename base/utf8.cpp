@@ -95,3 +95,8 @@ std::optional<std::string> ToLatin1(std::string_view text) {
 std::string FromUnknown(std::string_view bytes) {
   return IsUtf8(bytes) ? std::string(bytes) : FromLatin1(bytes);
 }
+
+std::string ToBytes(const std::string& text) {
+  const auto latin1 = ToLatin1(text);
+  return latin1 && FromUnknown(*latin1) == text ? *latin1 : text;
+}

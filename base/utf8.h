@@ -31,3 +31,6 @@ std::string FromLatin1(std::string_view bytes);
 std::optional<std::string> ToLatin1(std::string_view text);
 // Bytes of an unknown encoding: valid UTF-8 as such, else ISO 8859-1.
 std::string FromUnknown(std::string_view bytes);
+// The bytes that FromUnknown reads as a text: ISO 8859-1, unless that is not
+// enough or would be taken for UTF-8.
+std::string ToBytes(const std::string& text);

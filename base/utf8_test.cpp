@@ -45,4 +45,8 @@ TEST(Utf8, EveryCharacterOfLatin1ComesBack) {
   EXPECT_EQ(ToLatin1("\xE9"), std::nullopt);
   EXPECT_EQ(FromUnknown("caf\xC3\xA9"), "caf\xC3\xA9");
   EXPECT_EQ(FromUnknown("caf\xE9"), "caf\xC3\xA9");
+  EXPECT_EQ(ToBytes("caf\xC3\xA9"), "caf\xE9");
+  // Neither what is beyond ISO 8859-1 nor what would be read as "\xC3\xA9".
+  for (const char* text : {"\xE2\x82\xAC", "\xC3\x83\xC2\xA9"})
+    EXPECT_EQ(ToBytes(text), text);
 }

@@ -24,15 +24,20 @@ inline constexpr std::string_view kIpuzRejected = "org.kelda:rejected";
 inline constexpr std::string_view kIpuzRuleSet = "org.kelda:ruleSet";
 inline constexpr std::string_view kIpuzSymmetry = "org.kelda:symmetry";
 inline constexpr std::string_view kIpuzOtherClues = "org.kelda:otherClues";
+// The puzzle's own file, in recovery copies alone (files/recovery.h).
+inline constexpr std::string_view kIpuzPath = "org.kelda:path";
 // In a clue.
 inline constexpr std::string_view kIpuzAnswer = "org.kelda:answer";
 
 // The keys at the top that are read into the document or written anew; "kind"
 // is kept where it tells more than that this is a crossword.
-inline constexpr std::array<std::string_view, 21> kIpuzKeys = {
-    "version",      "kind",     "dimensions",  "title",      "author",
-    "copyright",    "notes",    "block",       "empty",      "styles",
-    "puzzle",       "solution", "saved",       "clues",      "showenumerations",
-    "origin",       kIpuzPins,  kIpuzRejected, kIpuzRuleSet, kIpuzSymmetry,
-    kIpuzOtherClues};
+inline constexpr std::array<std::string_view, 22> kIpuzKeys = {
+    "version",    "kind",        "dimensions",
+    "title",      "author",      "copyright",
+    "notes",      "block",       "empty",
+    "styles",     "puzzle",      "solution",
+    "saved",      "clues",       "showenumerations",
+    "origin",     kIpuzPins,     kIpuzRejected,
+    kIpuzRuleSet, kIpuzSymmetry, kIpuzOtherClues,
+    kIpuzPath};
 bool IsIpuzKey(std::string_view key);

@@ -118,10 +118,7 @@ std::string Encode(const Document& document) {
       letter = ToLatin1(cell.solution).value();
     rows[i / document.width] += letter;
   }
-  // ISO 8859-1 as ever, unless it would be taken for UTF-8 or is not enough.
-  const auto latin1 = ToLatin1(document.title);
-  const bool isClear = latin1 && FromUnknown(*latin1) == document.title;
-  return TextOfKdp(isClear ? *latin1 : document.title, rows);
+  return TextOfKdp(ToBytes(document.title), rows);
 }
 
 }  // namespace

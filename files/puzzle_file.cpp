@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/text_file.h"
 #include "files/kdp.h"
 #include "files/save_file.h"
 #include "grid/drawing.h"
@@ -55,14 +56,6 @@ bool Save(State& state, Host& host, const std::string& path,
 }
 
 }  // namespace
-
-Puzzle ReadPuzzle(const std::string& path, Opens what) {
-  try {
-    return PuzzleOf(ReadFile(path, what));
-  } catch (const FormatError& error) {
-    throw FileError(path + ": " + error.what());
-  }
-}
 
 Puzzle ClassicPuzzle(const Document& document) {
   return PuzzleOf(kKdpFormat.Write(document));

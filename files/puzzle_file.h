@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "base/text_file.h"
 #include "grid/state.h"
 #include "puzzle/document.h"
 
@@ -18,9 +17,6 @@ struct Puzzle {
   std::vector<std::string> cells;  // size rows of size cells, as in CellGrid
 };
 
-// Reads a puzzle.  Throws FileError for a file that is no puzzle of odd size
-// or larger than the largest grid.
-Puzzle ReadPuzzle(const std::string& path, Opens what = Opens::Anything);
 // The title and the grid of a document, as far as a .kdp file can hold them.
 Puzzle ClassicPuzzle(const Document& document);
 

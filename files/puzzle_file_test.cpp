@@ -95,8 +95,9 @@ TEST(PuzzleFile, AFailedLoadSaysWhyOnTheSecondLine) {
 
 TEST(PuzzleFile, WhatIsMissingReadsAsEmpty) {
   const TestFolder folder;
-  const Puzzle puzzle = ReadPuzzle(folder.Write("a", "t\n#A.\nB\n"));
-  EXPECT_EQ(puzzle.cells, (std::vector<std::string>{".A ", "B  ", "   "}));
+  Desk desk;
+  OpenPuzzle(desk.state, desk.host, folder.Write("a", "t\n#A.\nB\n"));
+  EXPECT_EQ(GridText(desk.state), "#A.\nB..\n...\n");
 }
 
 RC_GTEST_PROP(PuzzleFile, WhatWasSavedIsLoadedByteForByte, ()) {
@@ -113,6 +114,6 @@ RC_GTEST_PROP(PuzzleFile, WhatWasSavedIsLoadedByteForByte, ()) {
             "\r\n";
   const TestFolder folder;
   Desk desk;
-  ShowPuzzle(desk.state, desk.host, ReadPuzzle(folder.Write("a", text)));
+  OpenPuzzle(desk.state, desk.host, folder.Write("a", text));
   RC_ASSERT(PuzzleText(desk.state) == text);
 }

@@ -11,17 +11,22 @@
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
-#include <optional>
 #include <utility>
 
+#include "base/text.h"
+#include "base/text_file.h"
 #include "base/user_folders.h"
 #include "base/write_file.h"
+#include "files/ipuz.h"
+#include "files/json_text.h"
+#include "files/kdp.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kCopy[] = ".kdp";
+constexpr char kCopy[] = ".ipuz";
+constexpr char kOldCopy[] = ".kdp";  // of older versions
 constexpr char kLock[] = ".lock";
 constexpr char kDamaged[] = ".damaged";
 
@@ -29,42 +34,65 @@ std::string WithSuffix(const fs::path& path, const char* suffix) {
   return fs::path(path).replace_extension(suffix).string();
 }
 
-// The line that names the puzzle's own file.  Where a line could end, and at
-// "%", the path has "%" and two hexadecimal digits.
-constexpr std::string_view kPathKey = "org.kelda:path=";
-
-std::string PathLine(const std::string& path) {
-  std::string line(kPathKey);
-  for (const char c : path) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code >= ' ' && c != '%') {
-      line += c;
-      continue;
-    }
-    line += '%';
-    line += "0123456789abcdef"[code / 16];
-    line += "0123456789abcdef"[code % 16];
-  }
-  return line + "\r\n";
+bool IsCopy(const fs::path& path) {
+  return path.extension() == kCopy || path.extension() == kOldCopy;
 }
 
-// The path that a copy names; nothing for a copy of an older version.
-std::optional<std::string> PathIn(const std::string& copy, int gridSize) {
-  LineReader file(copy, Opens::RegularFiles);
-  std::string_view line;
-  for (int i = 0; i < gridSize + 2; ++i)
-    if (!file.Next(line)) return std::nullopt;
-  if (!line.starts_with(kPathKey)) return std::nullopt;
+// A path need not be UTF-8: "%" and two hexadecimal digits stand for what is
+// not printable ASCII, and for "%".
+std::string Escaped(const std::string& path) {
+  std::string text;
+  for (const char c : path) {
+    if (c >= ' ' && c <= '~' && c != '%') {
+      text += c;
+      continue;
+    }
+    const auto code = static_cast<unsigned char>(c);
+    text += '%';
+    text += "0123456789abcdef"[code / 16];
+    text += "0123456789abcdef"[code % 16];
+  }
+  return text;
+}
+
+std::string Unescaped(std::string_view text) {
   std::string path;
-  for (std::size_t i = kPathKey.size(); i < line.size(); ++i) {
-    int code = static_cast<unsigned char>(line[i]);
-    if (code == '%' && i + 2 < line.size()) {
-      std::from_chars(&line[i + 1], &line[i + 3], code, 16);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    int code = static_cast<unsigned char>(text[i]);
+    if (code == '%' && i + 2 < text.size()) {
+      std::from_chars(&text[i + 1], &text[i + 3], code, 16);
       i += 2;
     }
     path += static_cast<char>(code);
   }
   return path;
+}
+
+// The path comes first, after the brace.
+std::string BytesOf(const Document& document, const std::string& puzzlePath) {
+  const Json path = Escaped(puzzlePath);
+  return "{\n  \"" + std::string(kIpuzPath) + "\": " + path.dump() + "," +
+         kIpuzFormat.Write(document).substr(1);
+}
+
+void ReadContent(std::string_view bytes, AbandonedCopy& copy) {
+  copy.document = kIpuzFormat.Read(bytes).document;
+  const Json root = ParseJson(bytes);
+  if (const Json* path = Find(root, kIpuzPath))
+    copy.puzzlePath = Unescaped(TextOf(*path));
+}
+
+// Of an older version: a .kdp file.  The line after the grid tells the path,
+// or the lock does in still older ones.
+void ReadOldContent(std::string_view bytes, AbandonedCopy& copy) {
+  copy.document = kKdpFormat.Read(bytes).document;
+  const std::string begin = std::string(kIpuzPath) + "=";
+  const std::vector<std::string_view> lines = LinesOf(bytes);
+  const auto after = static_cast<std::size_t>(copy.document.height) + 1;
+  if (after < lines.size() && lines[after].starts_with(begin))
+    copy.puzzlePath = Unescaped(lines[after].substr(begin.size()));
+  else
+    copy.puzzlePath = copy.lock.Read();
 }
 
 // The process that a left-over of WriteFile belongs to, ".kelda-4711-0"; 0
@@ -133,10 +161,12 @@ bool IsLeftover(const fs::path& path) {
     return !IsRunning(writer);
   std::error_code error;
   if (path.extension() == kLock)
-    return !fs::exists(WithSuffix(path, kCopy), error) && IsFree(path.string());
+    return !fs::exists(WithSuffix(path, kCopy), error) &&
+           !fs::exists(WithSuffix(path, kOldCopy), error) &&
+           IsFree(path.string());
   // "1-2-0.kdp.Ab3dEf", a temporary file of an older version.
   const fs::path copy = path.parent_path() / path.stem();
-  return copy.extension() == kCopy && path.extension() != kDamaged &&
+  return copy.extension() == kOldCopy && path.extension() != kDamaged &&
          IsFree(WithSuffix(copy, kLock));
 }
 
@@ -161,10 +191,12 @@ void Recovery::TakeLock() {
   throw FileError(folder_ + ": no recovery copy can be written here");
 }
 
-void Recovery::Write(const std::string& puzzleText,
-                     const std::string& puzzlePath) {
+void Recovery::Write(const Document& document, const std::string& puzzlePath) {
+  Work work{document, puzzlePath};
+  if (written_ == work) return;
   if (!lock_.Held()) TakeLock();
-  WriteFile(path_, puzzleText + PathLine(puzzlePath), {.mode = 0600});
+  WriteFile(path_, BytesOf(document, puzzlePath), {.mode = 0600});
+  written_ = std::move(work);
 }
 
 void Recovery::Remove() {
@@ -173,6 +205,7 @@ void Recovery::Remove() {
   fs::remove(path_, error);
   fs::remove(WithSuffix(path_, kLock), error);
   lock_ = RecoveryLock();
+  written_.reset();
 }
 
 void Recovery::ClearLeftovers() const {
@@ -192,7 +225,7 @@ std::vector<AbandonedCopy> Recovery::FindAbandoned() const {
   for (fs::directory_iterator entry(folder_, error), end;
        !error && entry != end; entry.increment(error)) {
     const fs::path path = entry->path();
-    if (path.extension() != kCopy || path == path_) continue;
+    if (!IsCopy(path) || path == path_) continue;
     struct stat status;
     if (lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) continue;
     AbandonedCopy copy;
@@ -201,11 +234,10 @@ std::vector<AbandonedCopy> Recovery::FindAbandoned() const {
     copy.lock = RecoveryLock(WithSuffix(path, kLock), true);
     if (!copy.lock.Held()) continue;
     try {
-      copy.puzzle = ReadPuzzle(copy.path, Opens::RegularFiles);
-      copy.puzzlePath =
-          PathIn(copy.path, copy.puzzle.size).value_or(copy.lock.Read());
+      const std::string bytes = ReadFile(copy.path, Opens::RegularFiles);
+      (path.extension() == kCopy ? ReadContent : ReadOldContent)(bytes, copy);
       found.push_back(std::move(copy));
-    } catch (const FileError&) {
+    } catch (const std::runtime_error&) {
       std::error_code ignored;
       fs::rename(path, copy.path + kDamaged, ignored);
       fs::remove(WithSuffix(path, kLock), ignored);

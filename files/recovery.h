@@ -2,18 +2,20 @@
 // nothing.
 //
 // Each running program owns one copy and holds a lock beside it for as long
-// as it runs.  A copy is a puzzle file with one more line, which names the
-// puzzle's own file.  A copy whose lock nobody holds was left by a program
-// that did not end well.  Copies come from outside: a damaged one is put
-// aside, never trusted.  Folder and copies are for the user alone.
+// as it runs.  A copy is an .ipuz file, which holds all of the document, with
+// one more key, which names the puzzle's own file.  A copy whose lock nobody
+// holds was left by a program that did not end well.  Copies come from
+// outside: a damaged one is put aside, never trusted.  Folder and copies are
+// for the user alone.
 
 #pragma once
 
 #include <ctime>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "files/puzzle_file.h"
+#include "puzzle/document.h"
 
 class RecoveryLock {
  public:
@@ -38,7 +40,7 @@ struct AbandonedCopy {
   std::string path;        // of the copy
   std::string puzzlePath;  // of the puzzle's own file, "" for none
   std::time_t when = 0;    // last written
-  Puzzle puzzle;
+  Document document;
   RecoveryLock lock;  // nobody else takes it meanwhile
 };
 
@@ -47,8 +49,11 @@ class Recovery {
   // The folder is made when it is first needed.
   explicit Recovery(std::string folder) : folder_(std::move(folder)) {}
 
-  // Writes or replaces this run's copy.  Throws FileError.
-  void Write(const std::string& puzzleText, const std::string& puzzlePath);
+  // Has this run's copy hold a document and the path of its file, "" for
+  // none; writes nothing while it does.  Throws FileError.
+  void Write(const Document& document, const std::string& puzzlePath);
+  // Whether there is a copy of this run.
+  bool HasCopy() const { return written_.has_value(); }
   // There is nothing to recover from this run.
   void Remove();
 
@@ -60,10 +65,17 @@ class Recovery {
   static void Discard(const AbandonedCopy& copy);
 
  private:
+  struct Work {
+    Document document;
+    std::string puzzlePath;
+    bool operator==(const Work&) const = default;
+  };
+
   void TakeLock();
   void ClearLeftovers() const;
 
   std::string folder_;
   std::string path_;  // of this run's copy, "" until it is needed
   RecoveryLock lock_;
+  std::optional<Work> written_;  // what is in this run's copy
 };

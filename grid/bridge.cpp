@@ -63,7 +63,7 @@ Document TakeGrid(const State& state, Document document) {
 void ShowDocument(State& state, Host& host, const Document& document) {
   // The bytes that a file has stay as long as they say the same.
   if (FromUnknown(state.Text5) != document.title)
-    state.Text5 = TitleBytes(document.title);
+    state.Text5 = ToBytes(document.title);
   const bool fits = WhyNotClassic(document).empty();
   if (fits && ShowsGridOf(state, document)) return;
   const int n = fits ? document.width : 0;
@@ -80,12 +80,6 @@ void ShowDocument(State& state, Host& host, const Document& document) {
   if (resized) return;
   state.VScroll1.Value = down;
   state.HScroll1.Value = right;
-}
-
-std::string TitleBytes(const std::string& title) {
-  const auto latin1 = ToLatin1(title);
-  // Where one byte a character could be taken for UTF-8 it must be UTF-8.
-  return latin1 && FromUnknown(*latin1) == title ? *latin1 : title;
 }
 
 std::string WhyNotClassic(const Document& document) {

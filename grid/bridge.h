@@ -25,7 +25,3 @@ void ShowDocument(State& state, Host& host, const Document& document);
 // Why a document does not fit, a plain sentence: "This puzzle has bars, which
 // this window cannot edit."; "" when it fits.
 std::string WhyNotClassic(const Document& document);
-
-// A title as State::Text5 holds it: one byte a character where that is
-// possible.
-std::string TitleBytes(const std::string& title);

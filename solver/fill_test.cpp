@@ -54,7 +54,7 @@ TEST(Fill, LogsAreTheGoldenOnes) {
     Desk desk;
     WordTable words;
     ReadDictionary(desk.state, words, desk.host, folder / "words.txt");
-    ShowPuzzle(desk.state, desk.host, ReadPuzzle(folder / "puzzle.kdp"));
+    OpenPuzzle(desk.state, desk.host, folder / "puzzle.kdp");
     desk.host.log = true;
     desk.host.script.push_back({"Enter clue number", start});
     for (const std::string& answer : Split(answers, ','))
@@ -193,7 +193,7 @@ TEST(Fill, TriesAsManyCandidatesAsEver) {
   QuietDesk desk;
   WordTable words;
   ReadDictionary(desk.state, words, desk.host, BuiltPath("L2Ascii.txt"));
-  ShowPuzzle(desk.state, desk.host, ReadPuzzle(SourcePath("data/sample.kdp")));
+  OpenPuzzle(desk.state, desk.host, SourcePath("data/sample.kdp"));
   const FillReport report =
       Fill(desk.state, words, desk.host).Solve(StartLocation::Random);
   EXPECT_EQ(report.slotsSolved, 34);

@@ -130,7 +130,7 @@ def power_cut_and_recover(path, state):
     keys("alt+o")
     keys("r")
     wait_until("a recovery copy", lambda: any(
-        name.endswith(".kdp") for name in os.listdir(state)), 10)
+        name.endswith(".ipuz") for name in os.listdir(state)), 10)
     program.process.send_signal(signal.SIGKILL)
     program.process.wait()
     program = Program(BIN)

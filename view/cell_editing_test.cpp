@@ -93,9 +93,9 @@ TEST(Unsaved, TheGridAsDrawnIsTheWorkWhateverTheSizeBoxSays) {
   EXPECT_FALSE(HasUnsavedWork(app));
   program.Click({1, 1}, kShift);
   EXPECT_TRUE(HasUnsavedWork(app));
-  const std::string work = WorkText(app.state);
+  const Document work = LiveDocument(app);
   EditGridSize(app.state, "2");
-  EXPECT_EQ(WorkText(app.state), work);
+  EXPECT_TRUE(LiveDocument(app) == work);
   NoteSaved(app);
   EXPECT_FALSE(HasUnsavedWork(app));
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "base/utf8.h"
 #include "dictionary/find_word.h"
 #include "files/publish.h"
 #include "files/sheet.h"
@@ -129,7 +130,7 @@ void EditWord(App& app, const Argument& argument) {
 }
 
 void EditTitle(App& app, const Argument& argument) {
-  app.state.Text5 = TitleBytes(argument.text);
+  app.state.Text5 = ToBytes(argument.text);
 }
 
 void ClickGrid(App& app, const Argument& argument) {

@@ -9,13 +9,9 @@
 namespace {
 
 // The state holds another puzzle, which is not merged with the one before.
-void Begin(App& app, std::string_view caption) {
+void BeginLoaded(App& app, std::string_view caption) {
   app.history.Replace(caption, TakeGrid(app.state, {}),
                       app.state.PuzzleFileName);
-}
-
-void BeginLoaded(App& app, std::string_view caption) {
-  Begin(app, caption);
   NoteSaved(app);
 }
 
@@ -60,10 +56,11 @@ void SaveFileAs(App& app) {
 
 void RecoverPuzzle(App& app, const Argument& argument) {
   if (!MayLeavePuzzle(app)) return;
-  ShowPuzzle(app.state, app.host, argument.copy->puzzle);
-  NameFile(app.state, argument.copy->puzzlePath);
-  app.state.puzzleFileStamp = StampOf(argument.copy->puzzlePath);
-  Begin(app, "Recover");
+  const AbandonedCopy& copy = *argument.copy;
+  ShowDocument(app.state, app.host, copy.document);
+  NameFile(app.state, copy.puzzlePath);
+  app.state.puzzleFileStamp = StampOf(copy.puzzlePath);
+  app.history.Replace("Recover", copy.document, copy.puzzlePath);
 }
 
 void Leave(App& app) {

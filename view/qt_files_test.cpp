@@ -4,12 +4,12 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMimeData>
 #include <fstream>
 
 #include "files/format.h"
 #include "tests/qt_window_desk.h"
-#include "view/unsaved.h"
 
 namespace {
 
@@ -103,55 +103,104 @@ TEST(Files, CancelKeepsThePuzzleWhenQuitting) {
   EXPECT_TRUE(desk.app.state.IsBlack({1, 2}));
 }
 
-TEST(Files, AnUnsavedPuzzleIsKeptAndOffered) {
-  QTemporaryDir folder;
-  const std::string kept = folder.filePath("state").toStdString();
-  WindowDesk desk;
-  desk.Press("Command2");
-  desk.ClickCell(1, 2, Qt::ShiftModifier);
-  {
-    Recovery ended(kept);
-    ended.Write(WorkText(desk.app.state), "/tmp/x.kdp");
-    // While it runs, its copy is its own.
-    EXPECT_TRUE(Recovery(kept).FindAbandoned().empty());
-  }
-  std::vector<AbandonedCopy> found = Recovery(kept).FindAbandoned();
-  ASSERT_EQ(found.size(), 1u);
-  EXPECT_EQ(found[0].puzzlePath, "/tmp/x.kdp");
-  EXPECT_EQ(found[0].puzzle.cells[0], " .             ");
-  // Nor do two programs that start take the same one.
-  EXPECT_TRUE(Recovery(kept).FindAbandoned().empty());
+// A puzzle with bars and clues, which the window cannot edit.
+Document Barred() {
+  Document document(5, 5);
+  document.title = "Barred <b>";
+  document.At({1, 2}).barRight = document.At({2, 2}).circled = true;
+  document.clues[{Direction::Across, {1, 3}}] = {"Three cells", ""};
+  return document;
 }
 
-TEST(Files, RecoveryIsOfferedInTheWindow) {
-  WindowDesk desk;
+std::vector<std::string> CopiesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const QString& name : QDir(QString::fromStdString(folder))
+                                 .entryList({"*.ipuz", "*.kdp"}, QDir::Files))
+    names.push_back(name.toStdString());
+  return names;
+}
+
+// What a program left that was killed while it showed a puzzle.
+void LeaveCopy(const WindowDesk& killed, const WindowDesk& next) {
+  killed.host.keepWork();
+  const std::string from = killed.Folder() + "/state";
+  ASSERT_EQ(CopiesIn(from).size(), 1u);
+  QDir().mkpath(QString::fromStdString(next.Folder() + "/state"));
+  QFile::copy(QString::fromStdString(from + "/" + CopiesIn(from)[0]),
+              QString::fromStdString(next.Folder() + "/state/1-2-0.ipuz"));
+  EXPECT_TRUE(Recovery(from).FindAbandoned().empty()) << "it runs";
+}
+
+TEST(Files, APuzzleWithBarsAndCluesIsKeptAndRecovered) {
+  Document barred = Barred();
+  WindowDesk next;
   {
-    Recovery ended(desk.Folder() + "/state");
-    ended.Write("Old\r\n#....\r\n.....\r\n.....\r\n.....\r\n....#\r\n", "");
+    WindowDesk killed;
+    const std::string path = killed.Folder() + "/barred.ipuz";
+    std::ofstream(path) << FindFormat("ipuz")->Write(barred);
+    killed.window->Start(path);
+    killed.host.keepWork();
+    EXPECT_TRUE(CopiesIn(killed.Folder() + "/state").empty())
+        << "all of it is in its file";
+    killed.Type("Text5", "Changed");
+    LeaveCopy(killed, next);
   }
+  barred.title = "Changed";
+  next.answers = {"Recover"};
+  next.window->Start("");
+  QTest::qWait(50);
+  ASSERT_EQ(next.boxes.size(), 1u);
+  EXPECT_NE(next.boxes[0].find("\"Changed\""), std::string::npos);
+  EXPECT_TRUE(*next.app.history.Now() == barred);
+  EXPECT_EQ(next.Find<QLabel>("WhyNotClassic")->text(),
+            "This puzzle has bars, which this window cannot edit.");
+  EXPECT_FALSE(next.Find<QWidget>("Command2")->isEnabled());
+  EXPECT_TRUE(next.window->isWindowModified());
+  // Its own copy is there now in place of the old one.
+  const std::vector<std::string> copies = CopiesIn(next.Folder() + "/state");
+  ASSERT_EQ(copies.size(), 1u);
+  EXPECT_NE(copies[0], "1-2-0.ipuz");
+  next.Choose("undox");
+  EXPECT_EQ(next.app.state.Text5, "New Puzzle") << "a recovery is a step";
+}
+
+TEST(Files, ACopyBelongsToItsPuzzlesFile) {
+  WindowDesk next;
+  std::string path;
+  {
+    WindowDesk killed;
+    path = Saved(killed, "a.kdp");
+    killed.ClickCell(3, 4, Qt::ShiftModifier);
+    killed.app.state.PuzzleFileName = "/b.kdp";  // as while that is loaded
+    killed.host.keepWork();
+    EXPECT_TRUE(CopiesIn(killed.Folder() + "/state").empty());
+    killed.app.state.PuzzleFileName = path;
+    LeaveCopy(killed, next);
+  }
+  next.answers = {"Recover"};
+  next.window->Start("");
+  QTest::qWait(50);
+  EXPECT_EQ(next.app.history.File(), path);
+  EXPECT_TRUE(next.app.state.IsBlack({1, 2}));
+  EXPECT_TRUE(next.app.state.IsBlack({3, 4}));
+  EXPECT_TRUE(next.app.history.Now()->extras.empty());
+}
+
+TEST(Files, ACopyOfAnOlderVersionIsOffered) {
+  WindowDesk desk;
+  QDir().mkpath(QString::fromStdString(desk.Folder() + "/state"));
+  std::ofstream(desk.Folder() + "/state/1-2-0.kdp")
+      << "Old\r\n#....\r\n.....\r\n.....\r\n.....\r\n....#\r\n";
   desk.answers = {"Recover"};
   desk.window->Start("");
   QTest::qWait(50);
   ASSERT_EQ(desk.boxes.size(), 1u);
   EXPECT_EQ(desk.app.state.Text5, "Old");
+  EXPECT_TRUE(desk.app.state.IsBlack({5, 5}));
   EXPECT_TRUE(desk.window->isWindowModified());
-  // Its own copy is there now in place of the old one.
-  EXPECT_EQ(QDir(QString::fromStdString(desk.Folder() + "/state"))
-                .entryList({"*.kdp"})
-                .size(),
-            1);
-}
-
-TEST(Files, ADamagedCopyPreventsNothing) {
-  QTemporaryDir folder;
-  QFile damaged(folder.filePath("1.kdp"));
-  ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-  damaged.write(QByteArray(3, '\0'));
-  damaged.close();
-  const std::string path = folder.path().toStdString();
-  EXPECT_TRUE(Recovery(path).FindAbandoned().empty());
-  EXPECT_TRUE(QFile::exists(folder.filePath("1.kdp.damaged")));
-  EXPECT_TRUE(Recovery("/nowhere/at/all").FindAbandoned().empty());
+  const std::vector<std::string> copies = CopiesIn(desk.Folder() + "/state");
+  ASSERT_EQ(copies.size(), 1u);
+  EXPECT_TRUE(copies[0].ends_with(".ipuz"));
 }
 
 }  // namespace

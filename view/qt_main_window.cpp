@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <utility>
 
+#include "base/file_error.h"
 #include "controls/lookup_window.h"
 #include "controls/message_box.h"
 #include "dictionary/meanings.h"
@@ -133,16 +134,13 @@ void MainWindow::ShowMeaning() {
 // Keeping work
 
 void MainWindow::KeepWork() {
+  // What has just been loaded or saved is in its file, but not yet known so.
+  if (app_.state.PuzzleFileName != app_.history.File()) return;
   try {
-    if (!HasUnsavedWork(app_)) {
-      if (!keptText_.empty()) recovery_.Remove();
-      keptText_.clear();
-      return;
-    }
-    const std::string text = WorkText(app_.state);
-    if (text == keptText_) return;
-    recovery_.Write(text, app_.state.PuzzleFileName);
-    keptText_ = text;
+    if (HasUnsavedWork(app_))
+      recovery_.Write(LiveDocument(app_), app_.history.File());
+    else
+      recovery_.Remove();
   } catch (const FileError& error) {
     // Said once; the user can still save by hand.
     if (std::exchange(recoveryFailed_, true)) return;
@@ -161,7 +159,7 @@ void MainWindow::OfferRecovery() {
     MessageBox box(
         tr("Kelda did not end as it should, and kept the unsaved "
            "puzzle \"%1\" of %2.")
-            .arg(FromBytes(copy.puzzle.title),
+            .arg(ToQt(copy.document.title),
                  QLocale().toString(QDateTime::fromSecsSinceEpoch(copy.when),
                                     QLocale::ShortFormat)),
         this);
@@ -179,9 +177,10 @@ void MainWindow::OfferRecovery() {
     if (box.clickedButton() == discard) Recovery::Discard(copy);
     if (box.clickedButton() != recover) continue;
     Run(CommandOf("recover"), {.copy = &copy});
-    if (!app_.mayLeave) continue;
-    // The old copy goes when this run's own copy is there.
+    if (*app_.history.Now() != copy.document) continue;  // was not let in
+    // The old copy goes when this run's own copy is there, or all of it is in
+    // its file.
     KeepWork();
-    if (!keptText_.empty()) Recovery::Discard(copy);
+    if (recovery_.HasCopy() || !HasUnsavedWork(app_)) Recovery::Discard(copy);
   }
 }

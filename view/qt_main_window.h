@@ -78,7 +78,6 @@ class MainWindow : public QMainWindow {
   WindowOptions options_;
   CommandBinding binding_;
   Recovery recovery_;
-  std::string keptText_;  // in the recovery copy
   bool recoveryFailed_ = false;
   bool closeWhenIdle_ = false;
   bool ended_ = false;

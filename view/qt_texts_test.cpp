@@ -52,8 +52,9 @@ TEST(Texts, PuzzlesAndPathsOpenNothing) {
   desk.host.AskText(hostile, hostile, hostile);
   {
     Recovery ended(desk.Folder() + "/state");
-    ended.Write(hostile + "\r\n...\r\n...\r\n...\r\n",
-                "/" + hostile + "/a.kdp");
+    Document document(3, 3);
+    document.title = hostile;
+    ended.Write(document, "/" + hostile + "/a.kdp");
   }
   desk.answers = {"Discard"};
   desk.window->Start("");

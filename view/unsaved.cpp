@@ -13,18 +13,6 @@ bool IsBlank(const Document& document) {
   return document == blank;
 }
 
-// The state's puzzle at the size in which it was drawn.
-class AsDrawn {
- public:
-  explicit AsDrawn(const State& state) : copy_(state) {
-    copy_.GridSize = state.paint.width;
-  }
-  const State& operator*() const { return copy_; }
-
- private:
-  State copy_;
-};
-
 // In the puzzle's own file, or in the one that the user names; whether it was
 // saved.
 bool Save(App& app) {
@@ -68,11 +56,6 @@ std::string FileText(const App& app) {
   const Document live = LiveDocument(app);
   return WhyNotClassic(live).empty() ? PuzzleText(app.state)
                                      : FindFormat("kdp")->Write(live);
-}
-
-std::string WorkText(const State& state) {
-  return PuzzleText(state.GridSize == state.paint.width ? state
-                                                        : *AsDrawn(state));
 }
 
 void NoteSaved(App& app) {

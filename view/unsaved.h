@@ -4,10 +4,6 @@
 
 #include "view/app.h"
 
-// The puzzle as a file would hold it, whatever stands in the size box: the
-// grid as it was drawn.
-std::string WorkText(const State& state);
-
 // The puzzle as a .kdp file holds it.
 std::string FileText(const App& app);
 
