@@ -7,6 +7,8 @@
 
 namespace autofill {
 
+namespace {
+
 // How many may tell for one choice, by entry.
 constexpr float kTells = 0.2f;
 constexpr float kTellsAtRoot = 2;
@@ -18,7 +20,7 @@ constexpr float kScorePrior = 0.02f;
 
 // A point counts for a factor of e to the kScorePrior: less than where entries
 // are chosen, as who needs beliefs wants a fill first of all.
-static const float* Priors() {
+const float* Priors() {
   static const auto priors = [] {
     std::array<float, kBestScore + 1> values;
     for (int score = 0; score <= kBestScore; ++score)
@@ -28,6 +30,8 @@ static const float* Priors() {
   }();
   return priors.data();
 }
+
+}  // namespace
 
 Beliefs::Beliefs(const Store& store)
     : store_(store),

@@ -5,11 +5,24 @@
 
 namespace autofill {
 
+namespace {
+
 constexpr int kNogoodMemory = 1 << 22;
 constexpr int kRestartUnit = 100;
 constexpr int kMoreNogoods = 300;
 constexpr int kFailsBeforeBeliefs = 200;
 constexpr int kBeliefsShare = 2;  // to one of choosing by entries
+
+int64_t Luby(int64_t i) {
+  while (true) {
+    int64_t size = 1;
+    while (size < i) size = 2 * size + 1;
+    if (size == i) return (size + 1) / 2;
+    i -= size / 2;
+  }
+}
+
+}  // namespace
 
 Search::Search(const Board& board, const WordList& words,
                const Settings& settings)
@@ -135,15 +148,6 @@ Outcome Search::Run(int64_t work, const std::function<bool()>& stop) {
   }
   impossible_ = true;
   return Outcome::Impossible;
-}
-
-static int64_t Luby(int64_t i) {
-  while (true) {
-    int64_t size = 1;
-    while (size < i) size = 2 * size + 1;
-    if (size == i) return (size + 1) / 2;
-    i -= size / 2;
-  }
 }
 
 bool Search::RestartDue() const {

@@ -73,7 +73,7 @@ void WriteFills(const AutofillFiles& files, const Format& format,
                 const AutofillReport& report) {
   for (int i = 0; i < static_cast<int>(report.fills.size()); ++i) {
     const Document filled = report.Filled(report.fills[i]);
-    if (i == 0) TellLosses(format, filled);
+    if (i == 0) TellLosses(format, filled, files.PrefixOf(report.name));
     Write({files.PathOf(report.name, i), files.out.force},
           format.Write(filled));
   }
@@ -102,7 +102,7 @@ int RunPuzzle(const Arguments& arguments, const std::string& name,
               const WordList& words) {
   AutofillReport report;
   report.name = name;
-  OpenedDocument opened = OpenPuzzleFile(name);
+  OpenedDocument opened = OpenPuzzleFile(name, arguments.files.PrefixOf(name));
   const Format& format = FormatFor(arguments.files, name, opened);
   const std::string refusal = format.Refusal(opened.reading.document);
   if (!arguments.files.out.name.empty() && !refusal.empty())
@@ -188,8 +188,8 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
                      "Puzzle file to write, or a folder; with several puzzles "
                      "always a folder");
   command.add_flag("--force", arguments.files.out.force,
-                   "Replace files that are in the folder already, and "
-                   "write-protected ones");
+                   "Replace files that are in the folder already, the "
+                   "further files of --count, and write-protected ones");
   command.add_flag("--json", arguments.json, "A JSON object for each puzzle");
 }
 

@@ -23,8 +23,23 @@ std::string AutofillFiles::PathOf(const std::string& puzzle, int fill) const {
   return path.replace_filename(name).string();
 }
 
+std::string AutofillFiles::PrefixOf(const std::string& puzzle) const {
+  return puzzles.size() > 1 ? puzzle + ": " : "";
+}
+
+void AutofillFiles::CheckIsFree(const std::string& path) const {
+  std::error_code error;
+  if (!out.force && fs::exists(fs::symlink_status(path, error)))
+    throw FileError(path + ": there is such a file; --force replaces it");
+}
+
 void AutofillFiles::Reserve() const {
-  if (!IntoFolder()) return;
+  if (out.name.empty() || out.name == "-") return;
+  if (!IntoFolder()) {
+    for (int fill = 1; fill < count; ++fill)
+      CheckIsFree(PathOf(puzzles.front(), fill));
+    return;
+  }
   std::error_code error;
   fs::create_directories(out.name, error);
   if (!fs::is_directory(out.name, error))
@@ -39,8 +54,7 @@ void AutofillFiles::Reserve() const {
       if (!isNew)
         throw FileError(path + ": the fills of " + other->second + " and " +
                         puzzle + " would have the same name");
-      if (!out.force && fs::exists(fs::symlink_status(path, error)))
-        throw FileError(path + ": there is such a file; --force replaces it");
+      CheckIsFree(path);
     }
   }
 }

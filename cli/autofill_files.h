@@ -18,8 +18,13 @@ struct AutofillFiles {
   // OUT, or in a folder OUT/name; the second fill of a puzzle and those after
   // it get "-2" and so on.
   std::string PathOf(const std::string& puzzle, int fill) const;
+  // What a message of a puzzle begins with: its name where there are several.
+  std::string PrefixOf(const std::string& puzzle) const;
   // Makes the folder.  Throws FileError, before anything is written, where a
   // fill would take the place of another, or without force of a file that
-  // is in the folder.
+  // is there.  Only OUT itself, when it is no folder, is replaced.
   void Reserve() const;
+
+ private:
+  void CheckIsFree(const std::string& path) const;
 };

@@ -65,6 +65,9 @@ void PrintText(const OpenedDocument& opened, const Statistics& counts) {
             << "Blocks: " << counts.blocks << "\n"
             << "Holes: " << counts.holes << "\n"
             << "Bars: " << counts.bars << "\n"
+            << "Circles: " << counts.circles << "\n"
+            << "Shades: " << counts.shades << "\n"
+            << "Given letters: " << counts.givens << "\n"
             << "Letters: " << LettersText(counts) << "\n"
             << "Clues: " << counts.clues << " of " << counts.words << "\n"
             << "Format: " << opened.format->name << "\n";

@@ -6,6 +6,7 @@
 
 #include "base/file_error.h"
 #include "cli/commands.h"
+#include "cli/session.h"
 
 namespace {
 
@@ -56,6 +57,9 @@ int main(int argc, char** argv) {
     std::cout.flush();
     if (std::cout) return status;
     std::cerr << "kelda-cli: standard output cannot be written\n";
+  } catch (const Refusal& refusal) {
+    std::cerr << "kelda-cli: " << refusal.what() << "\n";
+    return kNotCompleted;
   } catch (const FileError& error) {
     std::cerr << "kelda-cli: " << error.what() << "\n";
   } catch (const std::bad_alloc&) {

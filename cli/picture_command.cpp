@@ -1,17 +1,16 @@
 // kelda-cli picture: the grid as a picture file.
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 
-#include "base/utf8.h"
 #include "cli/commands.h"
 #include "cli/drawing_files.h"
 #include "cli/output.h"
-#include "cli/session.h"
+#include "cli/puzzles.h"
 #include "draw/qt_picture_file.h"
 #include "draw/qt_session.h"
-#include "grid/drawing.h"
 
 namespace {
 
@@ -45,9 +44,9 @@ std::string CheckScale(const std::string& text) {
 }
 
 int RunPicture(const Options& options) {
-  CliSession session;
-  session.OpenPuzzle(options.puzzle);
-  const double largest = LargestPictureScale(session.state.GridSize);
+  const Document document = OpenPuzzleFile(options.puzzle).reading.document;
+  const double largest =
+      LargestPictureScale(std::max(document.width, document.height));
   if (options.scale > largest) {
     std::fprintf(stderr,
                  "kelda-cli: --scale: this puzzle's picture can be drawn at a "
@@ -57,8 +56,7 @@ int RunPicture(const Options& options) {
   }
   const DrawingSession drawing;
   Write(options.output,
-        PictureFile(PaintOf(session.state, !options.blank),
-                    FromUnknown(session.state.Text5),
+        PictureFile(PaintOf(document, !options.blank), document.title,
                     {PictureKindOf(options.output.name), options.scale}));
   return kDone;
 }

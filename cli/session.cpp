@@ -7,42 +7,8 @@
 #include "cli/interrupt.h"
 #include "cli/puzzles.h"
 #include "dictionary/levels.h"
-#include "files/kdp.h"
-#include "files/puzzle_file.h"
+#include "grid/bridge.h"
 #include "grid/choose_dictionary.h"
-
-namespace {
-
-// What of a grid the classic commands cannot take, or "".
-std::string WhyNotClassic(const Document& document) {
-  Document grid(document.width, document.height);
-  for (std::size_t i = 0; i < grid.cells.size(); ++i) {
-    const Cell& cell = document.cells[i];
-    grid.cells[i].kind = cell.kind;
-    grid.cells[i].solution = cell.solution;
-    grid.cells[i].barRight = cell.barRight;
-    grid.cells[i].barBelow = cell.barBelow;
-  }
-  if (!kKdpFormat.Refusal(grid).empty())
-    return "it is " + std::to_string(grid.width) + " x " +
-           std::to_string(grid.height) + " cells";
-  const std::vector<Loss> losses = kKdpFormat.Losses(grid);
-  return losses.empty() ? "" : losses.front().text;
-}
-
-// A document with the state's grid in it; what stood beside another grid goes.
-Document WithGrid(const State& state, Document document) {
-  Document drawn = kKdpFormat.Read(PuzzleText(state)).document;
-  if (drawn.width != document.width || drawn.height != document.height)
-    return drawn;
-  for (std::size_t i = 0; i < drawn.cells.size(); ++i) {
-    document.cells[i].kind = drawn.cells[i].kind;
-    document.cells[i].solution = drawn.cells[i].solution;
-  }
-  return document;
-}
-
-}  // namespace
 
 CliHost::CliHost(const State& state)
     : output(&std::cout), state_(state), showsProgress_(isatty(2) == 1) {}
@@ -127,22 +93,18 @@ void CliHost::EndProgram(std::string_view why) {
 }
 
 void CliSession::OpenPuzzle(const std::string& path) {
-  OpenedDocument opened = OpenPuzzleFile(path);
-  opened_ = std::move(opened.reading.document);
+  opened_ = OpenPuzzleFile(path).reading.document;
   if (const std::string why = WhyNotClassic(opened_); !why.empty())
-    throw FileError(path +
-                    ": this command takes odd squares without bars, holes and "
-                    "cells of several letters: " +
-                    why);
-  ShowPuzzle(state, host, ClassicPuzzle(opened_));
+    throw Refusal(path + ": this command cannot take this puzzle: " + why);
+  ShowDocument(state, host, opened_);
 }
 
 std::string CliSession::FileFor(const std::string& name) const {
-  const Format* format = FormatOfName(name);
-  if (!format || format == &kKdpFormat) return PuzzleText(state);
-  const Document document = WithGrid(state, opened_);
-  TellLosses(*format, document);
-  return format->Write(document);
+  const Format* byName = FormatOfName(name);
+  const Format& format = byName ? *byName : *FindFormat("kdp");
+  const Document document = TakeGrid(state, opened_);
+  TellLosses(format, document);
+  return format.Write(document);
 }
 
 void CliSession::LoadWords(const std::string& list) {

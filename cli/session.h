@@ -8,6 +8,7 @@
 #include <optional>
 #include <ostream>
 #include <random>
+#include <stdexcept>
 #include <string>
 
 #include "base/file_error.h"
@@ -19,6 +20,13 @@
 class ProgramEnd : public FileError {
  public:
   using FileError::FileError;
+};
+
+// A puzzle that the command cannot work with: "a.ipuz: this command cannot
+// take this puzzle: it has 3 bars".
+class Refusal : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
 };
 
 // Answers questions from the options of the command and prints messages.
@@ -64,9 +72,9 @@ struct CliSession {
   WordTable words;
   CliHost host{state};
 
-  // Opens a puzzle file of any format; "-" is standard input.  Throws
-  // FileError for a puzzle that is no odd square or has bars, holes or cells
-  // of several letters.  What was passed over is told on standard error.
+  // Opens a puzzle file of any format; "-" is standard input.  Throws a
+  // Refusal for a puzzle that is no odd square or has bars, holes or cells of
+  // several letters.  What was passed over is told on standard error.
   void OpenPuzzle(const std::string& path);
   // The puzzle as a file of the format that a name's ending tells, .kdp where
   // it tells none.  What is lost is told on standard error.

@@ -63,6 +63,13 @@ void Refuse(ListLine& line, Refusal why) {
   line.refusal = why;
 }
 
+void CheckSize(const WordListBuilder& builder, const LineReader& reader) {
+  if (builder.Words() > kMostWords)
+    reader.Fail("the lists have more than 2,000,000 words");
+  if (builder.Bytes() > kMostBytes)
+    reader.Fail("the lists take more than 1,000 MB of memory");
+}
+
 }  // namespace
 
 bool FoldWord(std::string_view text, std::string& word) {
@@ -132,14 +139,6 @@ std::string LoadReport::Text() const {
            std::to_string(firstRefused[i]);
   }
   return why.empty() ? text : text + why + ")";
-}
-
-static void CheckSize(const WordListBuilder& builder,
-                      const LineReader& reader) {
-  if (builder.Words() > kMostWords)
-    reader.Fail("the lists have more than 2,000,000 words");
-  if (builder.Bytes() > kMostBytes)
-    reader.Fail("the lists take more than 1,000 MB of memory");
 }
 
 LoadReport ReadList(const std::string& path, int minimum, int number,

@@ -5,6 +5,67 @@
 #include <cassert>
 #include <numeric>
 
+namespace {
+
+// FNV-1a, finished with a multiplication so that the top bits are good.
+uint64_t Hash(std::string_view word) {
+  uint64_t hash = 0xcbf29ce484222325;
+  for (const char c : word)
+    hash = (hash ^ static_cast<uint8_t>(c)) * 0x100000001b3;
+  return hash * 0x9e3779b97f4a7c15;
+}
+
+// A word's text and places here; in the list its score, letters, row and bits.
+int64_t BytesOf(int64_t length) {
+  constexpr int64_t kPlaces = 24, kScore = 1;
+  return kPlaces + kScore + 2 * length + 4 * (length + 3) +
+         kLetters * length / 8;
+}
+
+void SetSize(LengthTable& table, int words) {
+  table.count = words;
+  table.index = LetterIndex(table.length, kLetters, words);
+  table.blocks = table.index.Blocks();
+  const size_t count = table.count;
+  table.scores.resize(count);
+  table.letters.resize(count * table.length);
+  table.rows.resize(count * table.lanes);
+  table.supportCount.resize(size_t{kLetters} * table.length);
+}
+
+// Rows and supports from the letters, front to back.
+void IndexWords(LengthTable& table) {
+  for (int word = 0; word < table.count; ++word) {
+    const uint8_t* letters = table.Letters(word);
+    uint32_t* row = &table.rows[static_cast<size_t>(word) * table.lanes];
+    for (int p = 0; p < table.length; ++p) {
+      row[p] = 1u << letters[p];
+      table.index.Add(word, p, letters[p]);
+      ++table.supportCount[p * kLetters + letters[p]];
+    }
+  }
+}
+
+// Goes through the numbers of a range in steps of about 0.618 of its size.
+class Spread {
+ public:
+  Spread() = default;
+  Spread(int begin, int end) : begin_(begin), size_(end - begin) {
+    step_ = std::max(1, static_cast<int>(size_ * 0.6180339887));
+    while (std::gcd(step_, size_) > 1) ++step_;
+  }
+  int Next() {
+    const int number = begin_ + at_;
+    at_ = static_cast<int>((static_cast<int64_t>(at_) + step_) % size_);
+    return number;
+  }
+
+ private:
+  int begin_ = 0, size_ = 0, step_ = 1, at_ = 0;
+};
+
+}  // namespace
+
 int LengthTable::CountFrom(int score) const {
   auto below = std::partition_point(scores.begin(), scores.end(),
                                     [&](int s) { return s >= score; });
@@ -86,14 +147,6 @@ std::vector<int> WordList::Scores() const {
 
 WordListBuilder::WordListBuilder() : places_(1 << 12) {}
 
-// FNV-1a, finished with a multiplication so that the top bits are good.
-static uint64_t Hash(std::string_view word) {
-  uint64_t hash = 0xcbf29ce484222325;
-  for (const char c : word)
-    hash = (hash ^ static_cast<uint8_t>(c)) * 0x100000001b3;
-  return hash * 0x9e3779b97f4a7c15;
-}
-
 size_t WordListBuilder::FindPlace(std::string_view word) const {
   size_t mask = places_.size() - 1;
   size_t place = Hash(word) >> (64 - std::countr_zero(places_.size()));
@@ -112,13 +165,6 @@ void WordListBuilder::Grow() {
     places_[FindPlace({&text_[entry.start], entry.length})] =
         static_cast<uint32_t>(i + 1);
   }
-}
-
-// A word's text and places here; in the list its score, letters, row and bits.
-static int64_t BytesOf(int64_t length) {
-  constexpr int64_t kPlaces = 24, kScore = 1;
-  return kPlaces + kScore + 2 * length + 4 * (length + 3) +
-         kLetters * length / 8;
 }
 
 bool WordListBuilder::Add(std::string_view word, int score, int minimum,
@@ -144,48 +190,6 @@ bool WordListBuilder::Add(std::string_view word, int score, int minimum,
   if (entries_.size() * 2 > places_.size()) Grow();
   return true;
 }
-
-static void SetSize(LengthTable& table, int words) {
-  table.count = words;
-  table.index = LetterIndex(table.length, kLetters, words);
-  table.blocks = table.index.Blocks();
-  const size_t count = table.count;
-  table.scores.resize(count);
-  table.letters.resize(count * table.length);
-  table.rows.resize(count * table.lanes);
-  table.supportCount.resize(size_t{kLetters} * table.length);
-}
-
-// Rows and supports from the letters, front to back.
-static void IndexWords(LengthTable& table) {
-  for (int word = 0; word < table.count; ++word) {
-    const uint8_t* letters = table.Letters(word);
-    uint32_t* row = &table.rows[static_cast<size_t>(word) * table.lanes];
-    for (int p = 0; p < table.length; ++p) {
-      row[p] = 1u << letters[p];
-      table.index.Add(word, p, letters[p]);
-      ++table.supportCount[p * kLetters + letters[p]];
-    }
-  }
-}
-
-// Goes through the numbers of a range in steps of about 0.618 of its size.
-class Spread {
- public:
-  Spread() = default;
-  Spread(int begin, int end) : begin_(begin), size_(end - begin) {
-    step_ = std::max(1, static_cast<int>(size_ * 0.6180339887));
-    while (std::gcd(step_, size_) > 1) ++step_;
-  }
-  int Next() {
-    const int number = begin_ + at_;
-    at_ = static_cast<int>((static_cast<int64_t>(at_) + step_) % size_);
-    return number;
-  }
-
- private:
-  int begin_ = 0, size_ = 0, step_ = 1, at_ = 0;
-};
 
 WordList WordListBuilder::Build() {
   WordList list;

@@ -13,7 +13,6 @@ constexpr TextStyle kNumberStyle{6, false, true};
 constexpr TextStyle kLetterStyle{17.3, true, true};
 constexpr int kLetterLeft = 101, kLetterTop = 92;
 constexpr int kLetterMiddle = 275;  // of its line, down from the cell's top
-constexpr int kTextInset = 20;      // at least, left and right of a text
 
 template <class Visit>
 void ForEachCell(const Paint& paint, Visit visit) {
@@ -49,8 +48,16 @@ void DrawBars(const Paint& paint, Pos p, Canvas& canvas) {
   if (paint[p].barBelow) draw({box.left, box.bottom, box.right, box.bottom});
 }
 
+// A circle parts before the number.
+void DrawCircle(const Paint& paint, Pos p, Canvas& canvas) {
+  canvas.Circle(Grown(BoxOf(p), -kCircleInset), ColourBlackSquare, kLineWidth);
+  if (paint[p].number > 0)
+    canvas.Fill(Grown(NumberBox(paint, p), kLineWidth / 2), paint[p].fill);
+}
+
 // A letter stands where it always did; more than one is made to fit.
-void DrawText(Pos p, const std::string& text, Canvas& canvas) {
+void DrawText(Pos p, const CellPaint& cell, Canvas& canvas) {
+  const std::string& text = cell.text;
   const int x = (p.col - 1) * CellSize, y = (p.row - 1) * CellSize;
   const int letter = canvas.TextWidth("M", kLetterStyle);
   const int width = canvas.TextWidth(text, kLetterStyle);
@@ -58,10 +65,10 @@ void DrawText(Pos p, const std::string& text, Canvas& canvas) {
     canvas.Text(x + kLetterLeft, y + kLetterTop, text, kLetterStyle);
     return;
   }
-  constexpr int kRoom = CellSize - kLineWidth - 2 * kTextInset;
+  const int room = CellSize - kLineWidth - 2 * TextInset(cell);
   constexpr double kLineHeight = 1.13 * 20;  // twips to a point
   TextStyle style = kLetterStyle;
-  style.points *= std::min(1.0, double(kRoom) / width);
+  style.points *= std::min(1.0, double(room) / width);
   const int fitted = canvas.TextWidth(text, style);
   canvas.Text(x + GridMargin + (CellSize - fitted) / 2,
               y + kLetterMiddle - int(style.points * kLineHeight / 2), text,
@@ -80,16 +87,15 @@ void DrawPaint(const Paint& paint, Canvas& canvas) {
     canvas.Outline(BoxOf(p), ColourBlackSquare, kLineWidth);
   });
   ForEachCell(paint, [&](Pos p, const CellPaint& cell) {
-    if (cell.circled)
-      canvas.Circle(Grown(BoxOf(p), -kCircleInset), ColourBlackSquare,
-                    kLineWidth);
+    if (cell.circled) DrawCircle(paint, p, canvas);
   });
   ForEachCell(paint,
               [&](Pos p, const CellPaint&) { DrawBars(paint, p, canvas); });
   ForEachCell(paint, [&](Pos p, const CellPaint& cell) {
+    const Box number = NumberBox(paint, p);
     if (cell.number > 0)
-      canvas.Text((p.col - 1) * CellSize + 50, (p.row - 1) * CellSize + 40,
-                  std::to_string(cell.number), kNumberStyle);
-    if (!cell.text.empty()) DrawText(p, cell.text, canvas);
+      canvas.Text(number.left, number.top, std::to_string(cell.number),
+                  kNumberStyle);
+    if (!cell.text.empty()) DrawText(p, cell, canvas);
   });
 }

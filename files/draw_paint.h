@@ -1,7 +1,7 @@
 // Paint on a canvas, for pictures of the grid that are files.
 //
-// A canvas cannot be drawn over: each cell is filled at most once, bars come
-// after all cells and texts last.
+// A canvas cannot be drawn over, so all comes in one order: cells, each filled
+// at most once, circles with their gaps for numbers, bars, texts.
 
 #pragma once
 

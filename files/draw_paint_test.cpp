@@ -35,6 +35,20 @@ TEST(DrawPaint, HolesAreLeftOutAndBarsReachBeyondTheirLines) {
   EXPECT_THAT(canvas.Calls("text"), IsEmpty());
 }
 
+TEST(DrawPaint, ANumberStandsClearOfCirclesAndBars) {
+  Paint paint(3, 2);
+  paint[{1, 1}].number = paint[{1, 2}].number = 12;
+  paint[{1, 2}].circled = true;
+  paint[{1, 2}].fill = ColourGrey;
+  paint[{1, 1}].barRight = true;
+  const TextCanvas canvas = Drawn(paint);
+  EXPECT_THAT(canvas.Calls("fill"),
+              ElementsAre("fill 452,32 872,452", "fill 477,33 635,162",
+                          "fill 425,25 479,479"));
+  EXPECT_THAT(canvas.Calls("text"),
+              ElementsAre("text 50,40 6f 12", "text 484,40 6f 12"));
+}
+
 // A letter keeps its place; a longer text is as wide as the cell, and centred.
 TEST(DrawPaint, TextsOfSeveralLettersFitTheirCells) {
   Paint paint(3, 2);

@@ -57,10 +57,6 @@ bool Save(State& state, Host& host, const std::string& path,
 
 }  // namespace
 
-Puzzle ClassicPuzzle(const Document& document) {
-  return PuzzleOf(kKdpFormat.Write(document));
-}
-
 std::string PuzzleText(const State& state) {
   return TextOfKdp(state.Text5, RowsInFile(state));
 }

@@ -17,9 +17,6 @@ struct Puzzle {
   std::vector<std::string> cells;  // size rows of size cells, as in CellGrid
 };
 
-// The title and the grid of a document, as far as a .kdp file can hold them.
-Puzzle ClassicPuzzle(const Document& document);
-
 // The text of a puzzle file for the grid as it is.
 std::string PuzzleText(const State& state);
 // Its grid lines alone, each ended by a line feed.

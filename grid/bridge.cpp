@@ -34,6 +34,11 @@ void TakeCell(char c, Cell& cell) {
     cell.solution = c == kEmptyCell ? "" : FromLatin1({&c, 1});
 }
 
+// "it has 3 bars"
+std::string Has(int count, const char* one, const char* many) {
+  return "it has " + std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
 bool ShowsGridOf(const State& state, const Document& document) {
   bool same =
       state.GridSize == document.width && state.paint.width == document.width;
@@ -83,21 +88,20 @@ void ShowDocument(State& state, Host& host, const Document& document) {
 }
 
 std::string WhyNotClassic(const Document& document) {
-  const auto has = [&](auto what) {
-    return std::ranges::any_of(document.cells, what);
-  };
-  const char* what = nullptr;
-  if (document.width != document.height)
-    what = "sides of different length";
-  else if (document.width % 2 == 0)
-    what = "an even number of rows";
-  else if (has([](const Cell& cell) { return cell.kind == Cell::Kind::Void; }))
-    what = "holes";
-  else if (has([](const Cell& cell) { return cell.barRight || cell.barBelow; }))
-    what = "bars";
-  else if (has([](const Cell& cell) { return !CharOf(cell); }))
-    what = "cells with several letters or letters of other scripts";
-  if (!what) return "";
-  return std::string("This puzzle has ") + what +
-         ", which this window cannot edit.";
+  if (document.width != document.height || document.width % 2 == 0)
+    return "it is " + std::to_string(document.width) + " x " +
+           std::to_string(document.height) + " cells, no odd square";
+  int holes = 0, bars = 0, letters = 0;
+  for (const Cell& cell : document.cells) {
+    const bool isHole = cell.kind == Cell::Kind::Void;
+    holes += isHole;
+    bars += cell.barRight + cell.barBelow;
+    letters += !isHole && !CharOf(cell);
+  }
+  if (holes > 0) return Has(holes, "hole", "holes");
+  if (bars > 0) return Has(bars, "bar", "bars");
+  if (letters > 0)
+    return Has(letters, "cell", "cells") +
+           " with several letters or a letter of another script";
+  return "";
 }

@@ -22,6 +22,6 @@ Document TakeGrid(const State& state, Document document);
 // taken and the cells are painted, but there is no grid.
 void ShowDocument(State& state, Host& host, const Document& document);
 
-// Why a document does not fit, a plain sentence: "This puzzle has bars, which
-// this window cannot edit."; "" when it fits.
+// Why a document does not fit, what follows "...: ": "it has 3 bars", "it is
+// 12 x 10 cells, no odd square"; "" when it fits.
 std::string WhyNotClassic(const Document& document);

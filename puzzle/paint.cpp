@@ -25,6 +25,16 @@ Paint::Paint(int width, int height) : Paint() {
     for (int col = 1; col <= width; ++col) (*this)[{row, col}].outlined = true;
 }
 
+Box NumberBox(const Paint& paint, Pos p) {
+  constexpr int kDigit = 72, kHeight = 115;  // of 6 points, fixed pitch
+  constexpr int kBarReach = 14;
+  const bool afterBar = p.col > 1 && paint[{p.row, p.col - 1}].barRight;
+  const int left = (p.col - 1) * CellSize + 50 + (afterBar ? kBarReach : 0);
+  const int top = (p.row - 1) * CellSize + 40;
+  const auto digits = std::to_string(paint[p].number).size();
+  return {left, top, left + static_cast<int>(digits) * kDigit, top + kHeight};
+}
+
 Paint PaintOf(const Document& document, bool letters) {
   const Numbering numbering = NumberEntries(document);
   Paint paint(document.width, document.height);

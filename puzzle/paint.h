@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/canvas.h"
 #include "base/colour.h"
 #include "puzzle/document.h"
 
@@ -61,6 +62,16 @@ class Paint {
 
   std::vector<CellPaint> cells_;
 };
+
+// Where a cell's clue number stands in a picture, in twips: clear of a bar at
+// its left.  A circle leaves this out.
+Box NumberBox(const Paint& paint, Pos p);
+
+// How far a text of several letters stays from the lines at its left and
+// right, in twips.
+inline int TextInset(const CellPaint& cell) {
+  return cell.circled ? 40 : 20;
+}
 
 // A document of any shape without highlights, with its letters or as it is
 // given to solve.

@@ -117,11 +117,9 @@ class ConvertTest(unittest.TestCase):
         self.assertEqual(full["publisher"], "P")
         self.assertEqual(full["clues"]["Across"][0],
                          {"number": 1, "clue": "Pet", "org.kelda:answer": ""})
-        self.run_cli("check", self.mini, status=3)
-        self.assertIn("mini.ipuz: this command takes odd squares without "
-                      "bars, holes and cells of several letters: 1 bar, "
-                      "between row 2, column 1 and row 3, column 1\n",
-                      self.stderr)
+        self.run_cli("check", self.mini, status=1)
+        self.assertIn("mini.ipuz: this command cannot take this puzzle: it "
+                      "has 1 bar\n", self.stderr)
 
     def test_info(self):
         info = json.loads(self.run_cli("info", self.mini, "--json"))

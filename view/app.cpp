@@ -14,6 +14,11 @@ void StartUp(App& app) {
   ReadDefaultDictionary(state, app.words, app.host);
 }
 
+std::string WhyGridIsFixed(const App& app) {
+  const std::string why = WhyNotClassic(*app.history.Now());
+  return why.empty() ? "" : "This window cannot edit the grid: " + why + ".";
+}
+
 Document LiveDocument(const App& app) {
   const Document& now = *app.history.Now();
   if (WhyNotClassic(now).empty()) return TakeGrid(app.state, now);

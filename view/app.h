@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "base/clipboard.h"
@@ -36,6 +37,10 @@ struct App {
 // The program's start: constants, the size of the view, the lines of an empty
 // grid, the default dictionary.
 void StartUp(App& app);
+
+// Why the classic window cannot edit the grid, a sentence: "This window cannot
+// edit the grid: it has 3 bars."; "" when it can.
+std::string WhyGridIsFixed(const App& app);
 
 // The document with what the state has been given since.
 Document LiveDocument(const App& app);

@@ -306,7 +306,7 @@ std::string WhyNot(const App& app, const Command& command) {
     case Needs::Nothing:
       return "";
     case Needs::Grid:
-      return WhyNotClassic(*app.history.Now());
+      return WhyGridIsFixed(app);
     case Needs::Undo:
       return app.history.UndoCaption().empty() ? "Nothing to undo." : "";
     case Needs::Redo:

@@ -105,7 +105,9 @@ TEST(Exchange, APuzzleThatDoesNotFitIsShownAndLeftAlone) {
         "solx(0)", "Command18", "Picture1(shift)", "Text3"})
     EXPECT_FALSE(program.Press(control)) << control;
   EXPECT_TRUE(program.Now() == shown);
-  EXPECT_EQ(WhyNot(program.app, CommandOf("Command2")), WhyNotClassic(shown));
+  EXPECT_EQ(WhyNot(program.app, CommandOf("Command2")),
+            "This window cannot edit the grid: it is 7 x 5 cells, no odd "
+            "square.");
   // No .kdp holds it, so only the way out is offered.
   program.host.script = {{"A file of the kind", "cancel"}};
   program.Press("savex");

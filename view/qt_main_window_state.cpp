@@ -125,7 +125,7 @@ void MainWindow::ShowUndo() {
 }
 
 void MainWindow::ShowWhyNot() {
-  const QString why = ToQt(WhyNotClassic(*app_.history.Now()));
+  const QString why = ToQt(WhyGridIsFixed(app_));
   if (whyNot_->text() != why) whyNot_->setText(Plain(why));
   whyNot_->setVisible(!why.isEmpty());
 }
