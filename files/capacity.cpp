@@ -72,6 +72,8 @@ Document FitInto(const Document& document, const Capacity& holds) {
     fitted.rejected.clear();
     fitted.ruleSet.clear();
     fitted.extras.clear();
+    fitted.cellExtras.clear();
+    fitted.clueExtras.clear();
   }
   if (!holds.clues) fitted.clues.clear();
   std::vector<std::string*> texts = {&fitted.author, &fitted.copyright,

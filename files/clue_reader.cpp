@@ -82,8 +82,11 @@ void ClueReader::Place(const ListedClue& clue, Reading& reading) {
   if (isEntry && !clue.cells.empty() &&
       static_cast<int>(clue.cells.size()) != entry->second->Length())
     otherCells_.push_back(NameOf(clue));
-  if (!document.clues.try_emplace(*key, Clue{clue.text, answer}).second)
+  if (!clue.text.empty() &&
+      !document.clues.try_emplace(*key, Clue{clue.text, answer}).second)
     reading.passedOver.push_back("a second " + name);
+  else if (!clue.extras.empty())
+    document.clueExtras.try_emplace(*key, clue.extras);
 }
 
 void ClueReader::TellLabels(Reading& reading) const {
@@ -108,7 +111,7 @@ void ClueReader::TakeInto(Reading& reading) {
     for (const Pos p : clue.cells)
       if (p.row == 0 || p.col == 0) firstIndex_ = 0;
   for (const ListedClue& clue : clues_) {
-    if (!clue.text.empty())
+    if (!clue.text.empty() || !clue.extras.empty())
       Place(clue, reading);
     else if (clue.label.empty())
       NextInOrder(clue.direction);

@@ -21,6 +21,7 @@ struct ListedClue {
   std::string text;
   std::optional<std::string> answer;  // else that of the grid
   std::vector<Pos> cells;             // may be empty; counted from 0 or 1
+  std::string extras;                 // as documents keep them
 };
 
 // "Clue (3,4)"; the text alone where it ends so already.

@@ -3,8 +3,8 @@
 // What only Kelda has stands under keys "org.kelda:...": pins, rejected words,
 // the name of the house rules, the symmetry, clues without an entry, and
 // answers that clues were written for where the grid has others.  Keys at the
-// top that Kelda does not know are kept as they are.  Texts are HTML there
-// (files/markup.h).
+// top, of cells, of their styles and of the clues of entries that Kelda does
+// not know are kept as they are.  Texts are HTML there (files/markup.h).
 
 #pragma once
 
@@ -31,13 +31,9 @@ inline constexpr std::string_view kIpuzAnswer = "org.kelda:answer";
 
 // The keys at the top that are read into the document or written anew; "kind"
 // is kept where it tells more than that this is a crossword.
-inline constexpr std::array<std::string_view, 22> kIpuzKeys = {
-    "version",    "kind",        "dimensions",
-    "title",      "author",      "copyright",
-    "notes",      "block",       "empty",
-    "styles",     "puzzle",      "solution",
-    "saved",      "clues",       "showenumerations",
-    "origin",     kIpuzPins,     kIpuzRejected,
-    kIpuzRuleSet, kIpuzSymmetry, kIpuzOtherClues,
-    kIpuzPath};
+inline constexpr std::array<std::string_view, 20> kIpuzKeys = {
+    "version",     "kind",       "dimensions",  "title",         "author",
+    "copyright",   "notes",      "block",       "empty",         "checksum",
+    "puzzle",      "solution",   "clues",       "origin",        kIpuzPins,
+    kIpuzRejected, kIpuzRuleSet, kIpuzSymmetry, kIpuzOtherClues, kIpuzPath};
 bool IsIpuzKey(std::string_view key);

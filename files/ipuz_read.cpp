@@ -29,6 +29,14 @@ std::string_view WithoutCall(std::string_view bytes) {
              : bytes.substr(open + 1, close - open - 1);
 }
 
+// How many lists and objects a value is deep.
+int DepthOf(const Json& value) {
+  int depth = 0;
+  if (!value.is_structured()) return depth;
+  for (const Json& part : value) depth = std::max(depth, DepthOf(part));
+  return depth + 1;
+}
+
 class IpuzReader {
  public:
   explicit IpuzReader(std::string_view bytes) {
@@ -48,6 +56,8 @@ class IpuzReader {
     ReadClues();
     ReadIpuzOwnKeys(root_, reading_);
     KeepExtras();
+    if (tooMuch_)
+      PassOver("further keys of cells and clues: they are too much");
     if (hadTags_) PassOver("the markup of texts, such as italics");
     odd_.TellIn(reading_);
     return std::move(reading_);
@@ -64,8 +74,8 @@ class IpuzReader {
   void ReadPuzzle();
   void ReadCell(const Json& value, int index);
   void ReadLabel(const Json& label, int index);
-  void ReadStyle(const Json* style, int index);
-  void ReadStyleKey(const std::string& key, const Json& value, int index);
+  void ReadStyle(const Json* style, int index, Json& further);
+  bool ReadStyleKey(const std::string& key, const Json& value, int index);
   void ReadShade(const Json& value, int index);
   void ReadBars(const std::string& sides, int index);
   void ReadSolution();
@@ -78,6 +88,7 @@ class IpuzReader {
   void ReadClue(const Json& value, Direction direction);
   void ReadClueKeys(const Json& value, ListedClue& clue);
   void ReadClueCells(const Json& cells, ListedClue& clue);
+  std::string Kept(const Json& further);
   void KeepExtras();
 
   Document& Puzzle() { return reading_.document; }
@@ -90,7 +101,8 @@ class IpuzReader {
   bool showsEnumerations_ = false;
   bool hadTags_ = false;
   OddCells odd_;
-  std::set<std::string> oddClueKeys_;
+  std::size_t kept_ = 0;  // bytes of further keys of cells and clues
+  bool tooMuch_ = false;
 };
 
 void IpuzReader::CheckKind() {
@@ -156,16 +168,19 @@ void IpuzReader::ReadCell(const Json& value, int index) {
   if (!value.is_object()) return ReadLabel(value, index);
   const Json* label = Find(value, "cell");
   ReadLabel(label ? *label : Json(0), index);
-  ReadStyle(Find(value, "style"), index);
+  Json further = Json::object();
+  ReadStyle(Find(value, "style"), index, further);
   Cell& cell = Puzzle().cells[index];
   for (const auto& [key, part] : value.items()) {
     if (key == "value" && !part.is_null()) {
       cell.given = true;
       ReadLetters(value, index);
     } else if (key != "cell" && key != "style" && key != "value") {
-      odd_.Note("with \"" + key + "\", which is not kept", index);
+      further[key] = part;
     }
   }
+  if (std::string kept = Kept(further); !kept.empty())
+    Puzzle().cellExtras[Puzzle().PosOf(index)] = std::move(kept);
 }
 
 void IpuzReader::ReadLabel(const Json& label, int index) {
@@ -179,7 +194,7 @@ void IpuzReader::ReadLabel(const Json& label, int index) {
     labels_[index] = Trimmed(text);
 }
 
-void IpuzReader::ReadStyle(const Json* style, int index) {
+void IpuzReader::ReadStyle(const Json* style, int index, Json& further) {
   if (style && style->is_string()) {
     const Json* styles = Find(root_, "styles");
     const Json* named =
@@ -189,10 +204,12 @@ void IpuzReader::ReadStyle(const Json* style, int index) {
   }
   if (!style || !style->is_object()) return;
   for (const auto& [key, value] : style->items())
-    ReadStyleKey(key, value, index);
+    if (!ReadStyleKey(key, value, index) && !tooMuch_)
+      further["style"][key] = value;
 }
 
-void IpuzReader::ReadStyleKey(const std::string& key, const Json& value,
+// Whether the key could be read.
+bool IpuzReader::ReadStyleKey(const std::string& key, const Json& value,
                               int index) {
   Cell& cell = Puzzle().cells[index];
   if (key == "shapebg" && value == "circle")
@@ -203,8 +220,9 @@ void IpuzReader::ReadStyleKey(const std::string& key, const Json& value,
     ReadShade(value, index);
   else if (key == "highlight" && value == true)
     cell.shade = cell.shade.value_or(kPlainShade);
-  else if (value != false && !value.is_null())
-    odd_.Note("with the style \"" + key + "\", which is not kept", index);
+  else
+    return false;
+  return true;
 }
 
 void IpuzReader::ReadShade(const Json& value, int index) {
@@ -293,8 +311,6 @@ void IpuzReader::ReadClues() {
   if (!lists->is_object()) return PassOver("the clues are not in lists");
   for (const auto& [name, list] : lists->items()) ReadList(name, list);
   clues_->TakeInto(reading_);
-  for (const std::string& key : oddClueKeys_)
-    PassOver("\"" + key + "\" of clues");
 }
 
 void IpuzReader::ReadList(const std::string& name, const Json& list) {
@@ -326,6 +342,7 @@ void IpuzReader::ReadClue(const Json& value, Direction direction) {
 
 void IpuzReader::ReadClueKeys(const Json& value, ListedClue& clue) {
   std::string enumeration;
+  Json further = Json::object();
   for (const auto& [key, part] : value.items()) {
     if (key == "number" || (key == "label" && clue.label.empty()))
       clue.label = TextOf(part);
@@ -337,18 +354,16 @@ void IpuzReader::ReadClueKeys(const Json& value, ListedClue& clue) {
       clue.answer = TextOf(part);
     else if (key == kIpuzAnswer)
       clue.answer = TextOf(part);
-    else if (key == "enumeration")
+    else if (key == "enumeration" && showsEnumerations_ &&
+             !TextOf(part).empty())
       enumeration = TextOf(part);
     else if (key == "cells")
       ReadClueCells(part, clue);
     else
-      oddClueKeys_.insert(key);
+      further[key] = part;
   }
-  if (enumeration.empty()) return;
-  if (showsEnumerations_)
-    clue.text = WithEnumeration(clue.text, enumeration);
-  else
-    oddClueKeys_.insert("enumeration");
+  if (!enumeration.empty()) clue.text = WithEnumeration(clue.text, enumeration);
+  clue.extras = Kept(further);
 }
 
 void IpuzReader::ReadClueCells(const Json& cells, ListedClue& clue) {
@@ -358,10 +373,23 @@ void IpuzReader::ReadClueCells(const Json& cells, ListedClue& clue) {
       clue.cells.push_back({NumberOf(cell[1]), NumberOf(cell[0])});
 }
 
+// Keys of a cell or clue as documents keep them.  A style that many cells name
+// is kept with each, and deeper than it was: what would make the file too
+// large or too deep to be read again is left out.
+std::string IpuzReader::Kept(const Json& further) {
+  constexpr std::size_t kMost = 1 << 20;
+  constexpr int kDeepest = 90;
+  if (further.empty() || tooMuch_) return "";
+  std::string text = further.dump();
+  kept_ += text.size();
+  tooMuch_ = kept_ > kMost || DepthOf(further) > kDeepest;
+  return tooMuch_ ? "" : text;
+}
+
 void IpuzReader::KeepExtras() {
   for (const auto& [key, value] : root_.items())
     if (!IsIpuzKey(key)) Puzzle().extras[key] = value.dump();
-  if (root_.contains("saved")) PassOver("the progress of a solver");
+  if (root_.contains("checksum")) PassOver("the checksum of the solution");
 }
 
 }  // namespace

@@ -36,6 +36,22 @@ Json PlaceOf(const ClueKey& key) {
           {"column", key.first.col}};
 }
 
+// Adds the keys that a file had beside ours; where both have one ours stays.
+template <class Key>
+void AddExtras(const std::map<Key, std::string>& extras, const Key& key,
+               Json& object) {
+  const auto found = extras.find(key);
+  if (found == extras.end()) return;
+  const Json further = Json::parse(found->second, nullptr, false);
+  if (!further.is_object()) return;
+  for (const auto& [name, value] : further.items())
+    if (name == "style" && object.contains(name))
+      for (const auto& [part, style] : value.items())
+        object[name].emplace(part, Json(style));
+    else
+      object.emplace(name, Json(value));
+}
+
 class IpuzWriter {
  public:
   explicit IpuzWriter(const Document& document)
@@ -89,19 +105,20 @@ class IpuzWriter {
 
   Json PuzzleCell(int index) const {
     const Cell& cell = document_.cells[index];
-    if (cell.kind == Cell::Kind::Void) return nullptr;
-    const bool isBlock = cell.kind == Cell::Kind::Block;
-    const Json label = isBlock ? Json("#") : Json(numbering_.numbers[index]);
+    const Json label = cell.kind == Cell::Kind::Void ? Json()
+                       : cell.kind == Cell::Kind::Block
+                           ? Json("#")
+                           : Json(numbering_.numbers[index]);
     Json style = Json::object();
     if (cell.circled) style["shapebg"] = "circle";
     if (cell.shade) style["color"] = HexOf(*cell.shade);
     if (const std::string bars = BarsOf(index); !bars.empty())
       style["barred"] = bars;
-    if (style.empty() && !cell.given) return label;
     Json object = Json::object({{"cell", label}});
     if (!style.empty()) object["style"] = style;
     if (cell.given) object["value"] = cell.solution;
-    return object;
+    AddExtras(document_.cellExtras, document_.PosOf(index), object);
+    return object.size() == 1 ? label : object;
   }
 
   Json SolutionCell(int index) const {
@@ -125,15 +142,18 @@ class IpuzWriter {
 
   // Every entry has a clue there, if an empty one.
   std::string ClueOf(const Entry& entry) const {
-    const auto clue = document_.clues.find(KeyOf(document_, entry));
-    if (clue == document_.clues.end())
-      return Dumped(Json::array({entry.number, ""}));
-    const auto& [text, answer] = clue->second;
-    if (answer == WrittenAnswer(document_, entry))
-      return Dumped(Json::array({entry.number, HtmlText(text)}));
-    return Dumped({{"number", entry.number},
-                   {"clue", HtmlText(text)},
-                   {kIpuzAnswer, answer}});
+    const ClueKey key = KeyOf(document_, entry);
+    Json object = {{"number", entry.number}, {"clue", ""}};
+    if (const auto clue = document_.clues.find(key);
+        clue != document_.clues.end()) {
+      const auto& [text, answer] = clue->second;
+      object["clue"] = HtmlText(text);
+      if (answer != WrittenAnswer(document_, entry))
+        object[kIpuzAnswer] = answer;
+    }
+    AddExtras(document_.clueExtras, key, object);
+    if (object.size() > 2) return Dumped(object);
+    return Dumped(Json::array({entry.number, object["clue"]}));
   }
 
   void AddClues() {
@@ -173,6 +193,17 @@ class IpuzWriter {
   std::vector<std::string> parts_;
 };
 
+// Further keys have a place in the clues of entries only.
+Document FitIpuz(const Document& document) {
+  Document fitted = document;
+  fitted.clueExtras.clear();
+  for (const Entry& entry : NumberEntries(document).entries) {
+    const auto extras = document.clueExtras.find(KeyOf(document, entry));
+    if (extras != document.clueExtras.end()) fitted.clueExtras.insert(*extras);
+  }
+  return fitted;
+}
+
 bool RecognisesIpuz(std::string_view bytes) {
   constexpr std::string_view kMark = "\xEF\xBB\xBF", kBlanks = " \t\r\n";
   if (bytes.starts_with(kMark)) bytes.remove_prefix(kMark.size());
@@ -199,4 +230,5 @@ constexpr Format kIpuzFormat{
     .recognises = RecognisesIpuz,
     .decode = DecodeIpuz,
     .encode = EncodeIpuz,
+    .fit = FitIpuz,
 };

@@ -31,6 +31,7 @@ class Comparison {
     Texts();
     Clues();
     Settings();
+    Extras();
     return std::move(losses_);
   }
 
@@ -161,9 +162,30 @@ class Comparison {
                   "rejected words", *document_.rejected.begin()));
     if (document_.ruleSet != kept_.ruleSet)
       Add("the house rules " + Quoted(document_.ruleSet));
-    if (document_.extras != kept_.extras)
-      Add(Counted(static_cast<int>(document_.extras.size()), "further field",
-                  "further fields", document_.extras.begin()->first));
+  }
+
+  template <class Key, class Name>
+  void AddExtras(std::string_view one, std::string_view many,
+                 std::map<Key, std::string> Document::*extras, Name nameOf) {
+    const auto& kept = kept_.*extras;
+    int count = 0;
+    std::string first;
+    for (const auto& [key, json] : document_.*extras) {
+      const auto found = kept.find(key);
+      if (found != kept.end() && found->second == json) continue;
+      if (count++ == 0) first = nameOf(key);
+    }
+    if (count > 0) Add(Counted(count, one, many, first));
+  }
+
+  void Extras() {
+    AddExtras("further field", "further fields", &Document::extras,
+              [](const std::string& key) { return key; });
+    AddExtras("cell's further fields", "cells' further fields",
+              &Document::cellExtras, [](Pos p) { return "at " + CellName(p); });
+    AddExtras("clue's further fields", "clues' further fields",
+              &Document::clueExtras,
+              [&](const ClueKey& key) { return NameOf(key); });
   }
 
   const Document& document_;

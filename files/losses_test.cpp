@@ -31,7 +31,6 @@ TEST(Losses, NameEachKindWithItsFirstPlace) {
   document.pins = {{Direction::Down, {1, 2}}};
   document.rejected = {"BAD", "WORSE"};
   document.ruleSet = "strict";
-  document.extras["date"] = "\"today\"";
   EXPECT_TRUE(LossesBetween(document, document).empty());
 
   Document kept(5, 4);
@@ -52,6 +51,21 @@ TEST(Losses, NameEachKindWithItsFirstPlace) {
           "the notes \"" + std::string(60, 'n') + "...\"", "2 clues, first 1A",
           "1 clue's exact text, 6A", "1 answer that a clue was written for, 6A",
           "the kind of symmetry", "1 pinned entry, 1D",
-          "2 rejected words, first BAD", "the house rules \"strict\"",
-          "1 further field, date"}));
+          "2 rejected words, first BAD", "the house rules \"strict\""}));
+}
+
+TEST(Losses, CountTheFurtherFieldsThatAreNotKept) {
+  Document document(5, 4);
+  document.extras = {{"date", "1"}, {"editor", "2"}};
+  document.cellExtras = {{{2, 1}, "{}"}, {{2, 2}, "{}"}};
+  document.clueExtras[{Direction::Across, {3, 1}}] = "{}";
+  EXPECT_TRUE(LossesBetween(document, document).empty());
+
+  Document kept(5, 4);
+  kept.extras["date"] = "1";
+  EXPECT_EQ(Texts(LossesBetween(document, kept)),
+            (std::vector<std::string>{
+                "1 further field, editor",
+                "2 cells' further fields, first at row 2, column 1",
+                "1 clue's further fields, 7A"}));
 }

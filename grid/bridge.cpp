@@ -59,6 +59,8 @@ Document TakeGrid(const State& state, Document document) {
     document.cells.assign(static_cast<std::size_t>(n) * n, {});
     document.clues.clear();
     document.pins.clear();
+    document.cellExtras.clear();
+    document.clueExtras.clear();
   }
   ForEachCell(n, [&](Pos p) { TakeCell(state.Grid[p], document.At(p)); });
   document.title = FromUnknown(state.Text5);

@@ -66,6 +66,9 @@ struct Document {
   std::string ruleSet;             // the name of its house rules, or ""
   // What an .ipuz held beside all this: the JSON text of each unknown key.
   std::map<std::string, std::string> extras;
+  // The same of its cells and of its entries' clues: a JSON object each.
+  std::map<Pos, std::string> cellExtras;
+  std::map<ClueKey, std::string> clueExtras;
 
   Document() = default;
   // Empty white cells.

@@ -74,6 +74,9 @@ inline void AddOurs(Document& document) {
   document.ruleSet = *GenText();
   document.extras = {{"org.example:list", R"([1,2.5,null,{"b":"é"}])"},
                      {"publisher", R"("Somebody & sons")"}};
+  document.cellExtras[AnyKey(document).first] =
+      R"({"org.example:x":[1],"style":{"mark":{"TL":"é"}}})";
+  document.clueExtras[AnyKey(document)] = R"({"references":[{"number":1}]})";
 }
 
 // Call it inside a property.
