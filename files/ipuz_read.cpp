@@ -350,9 +350,7 @@ void IpuzReader::ReadClueKeys(const Json& value, ListedClue& clue) {
       clue.label = TextOf(part[0]);
     else if (key == "clue")
       clue.text = HtmlOf(part);
-    else if (key == "answer" && !clue.answer)
-      clue.answer = TextOf(part);
-    else if (key == kIpuzAnswer)
+    else if (key == kIpuzAnswer || (key == "answer" && !clue.answer))
       clue.answer = TextOf(part);
     else if (key == "enumeration" && showsEnumerations_ &&
              !TextOf(part).empty())

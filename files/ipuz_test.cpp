@@ -77,8 +77,8 @@ const std::vector<Case> kCases = {
       "the checksum of the solution",
       "1 cell white in the puzzle, a block in the solution, at row 2, column 1",
       "1 cell with letters but not white, at row 2, column 2",
-      "1 cell with several solutions, of which the first is kept, at row 1, "
-      "column 3",
+      std::string("1 cell with several solutions, of which the first is ") +
+          "kept, at row 1, column 3",
       "blanks or too many letters in 1 cell, at row 3, column 2"}},
 };
 
