@@ -14,7 +14,7 @@
 namespace {
 
 std::string Saved(WindowDesk& desk, const char* name) {
-  const std::string path = desk.Folder() + "/" + name;
+  std::string path = desk.Folder() + "/" + name;
   desk.Press("Command2");
   desk.ClickCell(1, 2, Qt::ShiftModifier);
   desk.app.state.PuzzleFileName = path;
